@@ -1,0 +1,12 @@
+#pragma once
+
+// Everything that a host application needs.
+#include "CDateTime.h"
+#include "CMyDatabase.h"
+#include "CMyField.h"
+#include "CMyRecordSet.h"
+#include "CMyServer.h"
+#include "CMyTable.h"
+#include "MyDbFunctions.h"
+#include "MyDbTypes.h"
+#include "MyDbUserInterface.h"
