@@ -1,0 +1,73 @@
+#include "files/NativePath.h"
+
+#include "platform/PathRules.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace files {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Exists(const std::string& path)
+{
+    std::error_code error;
+    return fs::symlink_status(path, error).type() != fs::file_type::not_found && !error;
+}
+
+bool EqualNoCase(const std::string& left, const std::string& right)
+{
+    return UtCString(left, UT_ENCODING_UTF8).EqualNoCase(UtCString(right, UT_ENCODING_UTF8));
+}
+
+// Of several spellings the first in byte order is taken, so that the answer does not depend on the order of the folder.
+std::string SpellingOnDisk(const std::string& folder, const std::string& name)
+{
+    std::string found;
+    std::error_code error;
+    fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::string candidate = entry->path().filename().string();
+        if (EqualNoCase(candidate, name) && (found.empty() || candidate < found))
+            found = std::move(candidate);
+    }
+    return found.empty() ? name : found;
+}
+
+// `path` has only native separators. A component that is found nowhere ends the search by itself: nothing is below it.
+std::string WithSpellingOnDisk(const std::string& path, char separator)
+{
+    std::string result;
+    for (size_t start = 0; start < path.size();) {
+        const size_t end = std::min(path.find(separator, start), path.size());
+        const std::string name = path.substr(start, end - start);
+        result += name.empty() || Exists(result + name) ? name : SpellingOnDisk(result, name);
+        if (end < path.size())
+            result += separator;
+        start = end + 1;
+    }
+    return result;
+}
+
+std::string Resolve(const UtCString& path)
+{
+    const platform::PathRules rules = platform::SystemPathRules();
+    std::string native(UtCString(path, UT_ENCODING_UTF8).View());
+    if (native.find('\0') != std::string::npos)
+        return {};
+    std::replace_if(
+        native.begin(), native.end(), [](char c) { return c == '\\' || c == '/'; }, rules.separator);
+    return rules.ignoresCase || Exists(native) ? native : WithSpellingOnDisk(native, rules.separator);
+}
+
+} // namespace
+
+std::string NativePath(const UtCString& path) noexcept
+try {
+    return Resolve(path);
+} catch (...) {
+    return {};
+}
+
+} // namespace files

@@ -1,0 +1,101 @@
+#include "files/NativePath.h"
+#include "files/UtFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class TreeCopy
+{
+public:
+    explicit TreeCopy(fs::path target) : m_target(std::move(target)) {}
+
+    bool Run(const fs::path& source)
+    {
+        std::error_code error;
+        if (!fs::is_directory(source, error) || IsInside(source))
+            return false;
+        fs::create_directories(m_target, error);
+        return fs::is_directory(m_target, error) && CopyFolder(source, m_target);
+    }
+
+private:
+    bool IsInside(const fs::path& source) const
+    {
+        const fs::path target = fs::weakly_canonical(m_target);
+        const fs::path folder = fs::canonical(source);
+        return std::mismatch(folder.begin(), folder.end(), target.begin(), target.end()).first == folder.end();
+    }
+
+    // A source folder that is the target or one of its own parents would be copied without end.
+    bool IsBeingVisited(const fs::path& source) const
+    {
+        const auto isSame = [&source](const fs::path& other) {
+            std::error_code error;
+            return fs::equivalent(source, other, error);
+        };
+        return isSame(m_target) || std::any_of(m_openSources.begin(), m_openSources.end(), isSame);
+    }
+
+    bool CopyFolder(const fs::path& source, const fs::path& target)
+    {
+        if (IsBeingVisited(source))
+            return false;
+        m_openSources.push_back(source);
+        std::error_code error;
+        fs::directory_iterator entry(source, error);
+        while (!error && entry != fs::directory_iterator()) {
+            if (!CopyEntry(entry->path(), target / entry->path().filename()))
+                return false;
+            entry.increment(error);
+        }
+        m_openSources.pop_back();
+        return !error;
+    }
+
+    bool CopyEntry(const fs::path& source, const fs::path& target)
+    {
+        std::error_code error;
+        const fs::file_status status = fs::status(source, error);
+        if (fs::is_regular_file(status))
+            return CopyFile(source, target);
+        if (!fs::is_directory(status))
+            return !error && fs::exists(status);
+        fs::create_directory(target, error);
+        return fs::is_directory(target, error) && CopyFolder(source, target);
+    }
+
+    static bool CopyFile(const fs::path& source, const fs::path& target)
+    {
+        std::error_code error;
+        const fs::file_status existing = fs::symlink_status(target, error);
+        if (fs::exists(existing))
+            return !fs::is_directory(existing);
+        if (fs::copy_file(source, target, error))
+            return true;
+        std::error_code ignored;
+        fs::remove(target, ignored);
+        return false;
+    }
+
+    fs::path m_target;
+    std::vector<fs::path> m_openSources;
+};
+
+bool CopyTree(const std::string& from, const std::string& to)
+{
+    return !from.empty() && !to.empty() && TreeCopy(to).Run(from);
+}
+
+} // namespace
+
+int UtCopyDirectory(const UtCString& from, const UtCString& to) noexcept
+try {
+    return CopyTree(files::NativePath(from), files::NativePath(to)) ? 0 : 1;
+} catch (...) {
+    return 1;
+}

@@ -1,0 +1,53 @@
+#include "files/UtFile.h"
+
+#include "files/NativePath.h"
+#include "platform/PathRules.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// An empty native path must not reach the file functions: some read it as the working folder.
+fs::file_status StatusOf(const UtCString& path)
+{
+    const std::string native = files::NativePath(path);
+    std::error_code error;
+    return native.empty() ? fs::file_status() : fs::status(native, error);
+}
+
+UtCString TempDirectoryWithBackslashes()
+{
+    std::string path = platform::TempDirectory();
+    std::replace(path.begin(), path.end(), '/', '\\');
+    if (!path.ends_with('\\'))
+        path += '\\';
+    const UtCString exact(path, UT_ENCODING_UTF8);
+    UtCString result(exact, UT_ENCODING_DEFAULT);
+    return result == exact ? result : exact;
+}
+
+} // namespace
+
+int UtIsFile(const UtCString& path) noexcept
+try {
+    return fs::is_regular_file(StatusOf(path));
+} catch (...) {
+    return 0;
+}
+
+int UtIsDir(const UtCString& path) noexcept
+try {
+    return fs::is_directory(StatusOf(path));
+} catch (...) {
+    return 0;
+}
+
+UtCString UtGetTempDir() noexcept
+try {
+    return TempDirectoryWithBackslashes();
+} catch (...) {
+    return UtCString();
+}
