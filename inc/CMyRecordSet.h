@@ -12,33 +12,341 @@
 
 #include <mysql.h>
 
+#include <cstdint>
 #include <memory>
+#include <type_traits>
 
+class CTableCache;
+template <class T> class UtArray;
+template <class K, class V> class UtCMap;
+
+namespace recordset {
+class PendingChanges;
+class ResultColumns;
+} // namespace recordset
+
+/// A cursor over the rows of one statement, with typed access to the columns of the row it stands on.
+///
+/// A record set is bound to a connection, which it borrows, and usually to a table, whose name completes condition
+/// texts and whose declared columns say in which character set texts are. Unbound, bound, open (it holds a result),
+/// and bound again after Close: nothing but a statement that delivers a result set opens it.
+///
+/// The result is either stored (all rows are in memory, every move is possible) or streamed (SelectLargeResult: rows
+/// arrive one by one over a second connection that the record set opens and closes itself, and only MoveNext moves).
+/// The effective connection, which errors and encodings come from, is that second one while it exists.
+///
+/// Nothing throws. A member that cannot do its work, also for lack of memory, gives its documented failure value; a
+/// failed select leaves the record set closed, a failed move leaves it at end of file. One thread at a time uses a
+/// record set and its connection. The connection must outlive the record set, or be unbound with SetDatabase(nullptr).
 class MYDB_EXPORT CMyRecordSet : public CObject
 {
     DECLARE_DYNAMIC(CMyRecordSet)
 public:
+    /// Unbound: no connection, no result.
     CMyRecordSet();
+    /// Binds as SetDatabase does. Whether that succeeded is not reported: ask IsValid, or let Select fail.
     CMyRecordSet(CMyDatabase& database, const UtCString& tableName);
     CMyRecordSet(CMyDatabase* database, const UtCString& tableName);
     CMyRecordSet(const CMyRecordSet&) = delete;
     CMyRecordSet& operator=(const CMyRecordSet&) = delete;
+    /// Frees the result as Close does, and closes the connection when SetCloseConnectionOnExit asks for it.
     ~CMyRecordSet() override;
 
+    /// Ends the edit bracket. Without an open bracket: false, and the state is MODIFY_NONE. The bracket comes with the
+    /// editing members; until then none can be open.
     virtual bool ModifyEnd();
     virtual bool AppendEnd();
+    eModifyStates GetModifyState() const noexcept { return m_modifyState; }
 
+    // ---- Binding ----------------------------------------------------------------------------------------------------
+
+    /// Frees the current result and binds to a connection and a table. An empty table name keeps the table bound so
+    /// far. A connection that is closed or has no database name is opened first.
+    ///
+    /// False: `database` is null (the record set is then unbound), or the connection cannot be opened (it is bound all
+    /// the same, the table name is the old one).
     bool SetDatabase(CMyDatabase* database, const UtCString& tableName);
+
+    /// Backticks at both ends are removed, blanks are kept. The current result stays; its texts are read with the
+    /// character sets of the new table from now on.
     void SetTableName(const UtCString& tableName);
 
+    CMyDatabase* GetDatabase() const noexcept { return m_database; } ///< borrowed; null when unbound
+    UtCString GetDatabaseName() const; ///< that of the effective connection; "" when unbound
+    const UtCString& GetTableName() const noexcept { return m_tableName; }
+    bool IsValid() const noexcept { return m_database != nullptr; } ///< a connection is bound, open or not
+
+    /// CMyDatabase::ExistTable of the table name (one round trip). False when unbound.
+    bool IsValidTable() const;
+
+    void SetCloseConnectionOnExit(bool closeOnExit) noexcept { m_closeConnectionOnExit = closeOnExit; }
+    bool GetCloseConnectionOnExit() const noexcept { return m_closeConnectionOnExit; }
+
+    // ---- Selecting --------------------------------------------------------------------------------------------------
+
+    /// Runs a statement, keeps its rows in memory and moves to the first one. `sql` is one of
+    /// - "" (or blanks): SELECT * FROM the table;
+    /// - a statement that delivers rows (CMyDatabase::IsSelectQuery), or anything when `asIs` is set: sent as it is;
+    /// - any other text, which is a clause: SELECT table.* FROM table, then the text. "WHERE " is put in front unless
+    /// it
+    ///   begins with WHERE, ORDER BY, GROUP BY, HAVING or LIMIT, in any letter case and whatever follows the word.
+    ///
+    /// Names and values in `sql` are sent as they are, and so is the table name, without backticks.
+    /// `showError`: a failed statement is also shown in a message box.
+    ///
+    /// Returns the number of rows; 0 for an empty result (the record set is open, at end of file) and when the first
+    /// row cannot be fetched; -1 when the record set is unbound, the connection cannot be opened, the statement fails
+    /// (see GetErrorMessage) or delivers no result set, as an UPDATE, which has run all the same. The result before
+    /// is freed as soon as there is a connection. Round trips: a ping and the statement.
     long Select(const UtCString& sql, bool showError = false, bool asIs = false);
+    template <class T>
+    requires std::is_pointer_v<T>
+    long Select(const UtCString& sql, T showError, bool asIs = false) = delete; ///< a text is not a flag
+
+    /// Runs a statement as it is and streams its rows: memory is needed for one row only, however many there are. The
+    /// rows come over a second connection with the settings of the bound one, which stays free for other statements.
+    ///
+    /// True: the statement ran, also when it delivers no rows (IsEOF). False: unbound, the second connection cannot be
+    /// opened, the statement fails or delivers no result set. After a failure the second connection, which knows the
+    /// reason (GetErrorMessage), stays until the next select, Close or destruction.
+    ///
+    /// A stream that breaks off looks like its end: MoveNext is false. Only GetErrorMessage then tells "Kein Fehler!"
+    /// from a lost connection. Closing a stream early reads and drops its remaining rows, which can take as long as
+    /// reading them; freeing a result never fails.
     bool SelectLargeResult(const UtCString& sql);
+
+    /// Frees the result, with it the second connection of a stream, and discards pending changes. Connection, table
+    /// name and last statement stay. Always true.
     bool Close();
 
+    bool IsOpen() const noexcept { return m_result != nullptr; } ///< there is a result, with or without rows
+
+    /// The text of the last statement sent for this record set, also when it failed; Close keeps it.
+    const UtCString& GetLastSQLCommand() const noexcept { return m_lastSQLCommand; }
+    unsigned long GetQueryTime() const noexcept { return m_queryTime; } ///< of the last select, in milliseconds
+
+    /// The rows of a stored result; 1 for a stream with rows, whose number nobody knows; 0 without rows or result.
+    long GetAffectedRows() const noexcept { return m_rowCount; }
+
+    /// CMyDatabase::GetQueryInfo as it was after the last select; "" when that failed and after Close.
+    const UtCString& GetQueryInfo() const noexcept { return m_queryInfo; }
+
+    /// What the effective connection has to say: its last error, or, when its last statement succeeded, the client's
+    /// current message ("Kein Fehler!" mostly, the reason of a broken stream, "Keine Verbindung zum Server!" when
+    /// closed). "" when unbound.
+    UtCString GetErrorMessage() const;
+
+    // ---- Moving -----------------------------------------------------------------------------------------------------
+    // Every move that is made discards pending changes. False always means that there is no such row; except where
+    // noted the record set then stands at end of file.
+
+    /// To the first row. On a stream, which cannot be rewound, this fetches the first row once; on a later row it stays
+    /// where it is and is true.
     bool MoveFirst();
+
+    /// To the next row. At end of file it stays there, with one exception: after a MoveTo to a row that does not exist
+    /// it goes on where the client stopped fetching, which is the end unless a MoveNext came after the first MoveTo.
     bool MoveNext();
+
+    /// To a zero-based position of a stored result. The first call after a select walks through the whole result to
+    /// index it; later calls take constant time, but a MoveNext after MoveTo seeks from the first row on. A stream is
+    /// left untouched: false, and the current row stays.
     bool MoveTo(long row);
+
+    /// The zero-based position of the current row; -1 at end of file and on a stream. After MoveFirst or MoveNext the
+    /// position has to be searched for, in time proportional to the size of the result, and the cursor is left ON THE
+    /// FIRST ROW. After MoveTo the position is known and nothing moves.
     long GetCurrentRow();
-    bool IsEOF() const;
-    // ... completed by the record set's author
+
+    bool IsEOF() const noexcept { return m_currentRow == nullptr; } ///< there is no current row, or no result at all
+
+    // ---- Columns ----------------------------------------------------------------------------------------------------
+
+    unsigned long GetFieldCount() const noexcept { return m_fieldCount; } ///< columns of the result; 0 without one
+
+    /// The zero-based position of a column by the name that the statement gives it (the alias). Letter case counts.
+    /// Of several columns with one name the first is found. `no` is 0 when the result is false (unknown or empty name,
+    /// no result).
+    ///
+    /// Result names are compared as bytes of encoding 256 whatever the connection's encoding: on a UTF-8 connection, a
+    /// name with other than ASCII characters is found by its UTF-8 bytes in a text tagged 256.
+    bool GetFieldNo(const UtCString& name, unsigned long& no) const;
+
+    UtCString GetFieldName(unsigned long no) const; ///< the alias, encoding 256; "" beyond the last column
+
+    /// The character set number of a column. With a table bound, the one that the table declares for a column of that
+    /// name (asking the table cache, which may ask the server); otherwise the one that the result reports.
+    /// False, with `nr` untouched: no such column, no result (by position; by name when no table is bound), or the
+    /// table's columns cannot be read, among others while a stream occupies its connection.
+    bool GetFieldCharsetNr(unsigned long no, unsigned int& nr) const;
+    bool GetFieldCharsetNr(const UtCString& name, unsigned int& nr) const;
+
+    /// The client's width of a column in bytes, as a signed 32-bit number: -1 for LONGTEXT and LONGBLOB, whose width is
+    /// 4294967295. 0 without a result or for an unknown name.
+    long GetFieldSize(const UtCString& name) const;
+
+    MYTYPES GetFieldType(unsigned long no) const; ///< MYTYPE_UNKNOWN also without a result or beyond the last column
+    MYTYPES GetFieldType(const UtCString& name) const;
+    UtCString GetFieldTypeString(unsigned long no) const; ///< as "varchar[60]"; "fehler!" without such a column
+    UtCString GetFieldTypeString(const UtCString& name) const;
+
+    /// A description of a result column: alias, classification, width, flags, decimals and default. MySQL type and
+    /// character set number are 0; ask CMyTable for them. For an unknown name all texts are empty, all numbers 0.
+    CMyField GetField(const UtCString& name) const;
+
+    // ---- Typed values of the current row ----------------------------------------------------------------------------
+    // Each accessor exists by name (resolved by GetFieldNo) and by zero-based position. Without a current row, for an
+    // unknown column and for NULL it gives the value stated; none sets an error. All but the raw accessors see a
+    // pending change of the column, whatever the letter case of its name.
+
+    /// The value as the client delivered it, zero-terminated; it may contain further zero bytes (GetFieldDataLen).
+    /// Null for NULL. Borrowed: valid until the next move, change of the column, select or Close.
+    char* GetFieldValue(unsigned long no) const;
+    char* GetFieldValue(const UtCString& name) const;
+
+    /// The value as text in the encoding of `text`, whose memory is reused. A text or memo column is converted from the
+    /// character set that GetFieldCharsetNr gives it, which is the declared one of the table's column and not that of
+    /// the connection, so the two should agree. Other columns, UTF-32 columns and columns without a known character set
+    /// are not converted: their bytes are taken as they are, and as Windows-1252 when `text` is UTF-16.
+    ///
+    /// By position always true, with an empty text for NULL, no row, no such column. By name false for an unknown
+    /// name only, `text` is then untouched.
+    bool GetFieldText(unsigned long no, UtCString& text) const;
+    bool GetFieldText(const UtCString& name, UtCString& text) const;
+
+    /// The text of the value as a number, whatever the type of the column; 0 when it is not one (UtCString::Convert
+    /// says what is) or does not fit. Nothing is rounded: "1.5" is not a `long`.
+    ///
+    /// GetFieldLong holds 32 bits, -2147483648 to 2147483647. GetFieldDWord is the same number taken as unsigned: -1
+    /// reads as 4294967295, and 3000000000 does not fit and reads as 0; for unsigned columns call GetFieldInt64. The
+    /// narrower ones cut GetFieldLong to their width: 300 as a byte is 44. GetFieldBool is whether GetFieldLong is not
+    /// 0, so "yes" and "true" are false.
+    long GetFieldLong(unsigned long no) const;
+    long GetFieldLong(const UtCString& name) const;
+    unsigned long GetFieldDWord(unsigned long no) const;
+    unsigned long GetFieldDWord(const UtCString& name) const;
+    short GetFieldShort(unsigned long no) const;
+    short GetFieldShort(const UtCString& name) const;
+    unsigned short GetFieldWord(unsigned long no) const;
+    unsigned short GetFieldWord(const UtCString& name) const;
+    unsigned char GetFieldByte(unsigned long no) const;
+    unsigned char GetFieldByte(const UtCString& name) const;
+    bool GetFieldBool(unsigned long no) const;
+    bool GetFieldBool(const UtCString& name) const;
+    __int64 GetFieldInt64(unsigned long no) const;
+    __int64 GetFieldInt64(const UtCString& name) const;
+    double GetFieldDouble(unsigned long no) const;
+    double GetFieldDouble(const UtCString& name) const;
+    float GetFieldFloat(unsigned long no) const;
+    float GetFieldFloat(const UtCString& name) const;
+
+    /// The value as date and time. Only positions count, "YYYY-MM-DD HH:MM:SS" or "YYYY-MM-DD"; the separators may be
+    /// anything. A text of 18 characters, whose seconds have one digit, is read in full.
+    ///
+    /// Status null: NULL, no row, no such position, a zero date, a text that is too short (a time of day among them).
+    /// Status invalid: the digits name no day. An unknown name gives value 0 with status valid, which differs from all
+    /// of these; ask IsNull, which is true in every case.
+    CDateTime GetFieldDate(unsigned long no) const;
+    CDateTime GetFieldDate(const UtCString& name) const;
+
+    /// The value as a GUID: 8-4-4-4-12 hexadecimal digits in either case, with or without braces and a leading "guid"
+    /// or "uuid"; blanks do not matter. All zero for anything else.
+    _GUID GetFieldGUID(unsigned long no) const;
+    _GUID GetFieldGUID(const UtCString& name) const;
+
+    bool IsFieldNull(unsigned long no) const; ///< GetFieldValue is null: also without a row or such a column
+    bool IsFieldNull(const UtCString& name) const;
+    bool IsFieldEmpty(unsigned long no) const; ///< IsFieldNull, or the value has no bytes; one zero byte is not empty
+    bool IsFieldEmpty(const UtCString& name) const;
+
+    // The raw accessors read the server's row and do not see pending changes.
+
+    /// Copies the bytes of the value; an empty array for NULL. False, with `bytes` untouched: no current row, no such
+    /// column, or no memory.
+    bool GetFieldBlob(unsigned long no, CByteArray& bytes) const;
+    bool GetFieldBlob(const UtCString& name, CByteArray& bytes) const;
+
+    /// The bytes of the value and their number; null and 0 for NULL, no row and no such column. Borrowed: valid until
+    /// the next move, select or Close.
+    const void* GetFieldDataPtr(unsigned long no) const;
+    const void* GetFieldDataPtr(const UtCString& name) const;
+    unsigned long GetFieldDataLen(unsigned long no) const;
+    unsigned long GetFieldDataLen(const UtCString& name) const;
+
+protected:
+    /// Unbinds: every member is as after the default constructor. What the record set holds is freed with it.
+    void InitMembers();
+
+    /// Select without its completion of clauses: runs `sql` as it is, stored or (`large`) streamed. Results as Select,
+    /// where a stream with rows counts 1. A closed connection is opened by the statement itself, without a ping.
+    long SetSQLCommand(const UtCString& sql, bool showError, bool large);
+
+    void FreeRecordSet();                             ///< Close
+    CMyDatabase* GetDB() const noexcept;              ///< the effective connection; null when unbound
+    eUtEncodingType GetEncodingType() const noexcept; ///< that of the effective connection's server; 256 when unbound
+
+    bool LoadFieldHash() const; ///< builds the field name index; false when there are no columns
+    bool IsFieldHashLoaded() const noexcept { return m_fieldNameIndex != nullptr; }
+    void ClearFieldCache() noexcept; ///< discards the pending changes
+
+    /// The declared column of the bound table, from the table cache, by name in any letter case or by its zero-based
+    /// position in the table. Null when the table or the column is unknown. Valid until the next call of either.
+    const CMyField* GetTableFieldPtr(const UtCString& name) const;
+    const CMyField* GetTableFieldPtr(long no) const;
+    MYTYPES GetTableFieldType(const UtCString& name) const; ///< MYTYPE_UNKNOWN when the column is unknown
+
+    UtCString GetFieldTextInternal(unsigned long no) const; ///< GetFieldText in the record set's encoding
+
+    /// Reads a date as GetFieldDate does; the text's characters are those of encoding 256.
+    void String2CDateTime(const UtCString& text, CDateTime& dateTime) const;
+
+    /// Enters a change of a column into the pending changes, or replaces the one of the same `column` (compared
+    /// exactly; callers pass upper case) at its place. `sqlValue` is the text for the statement; when it replaces
+    /// another one it is converted to the character set of the column, if the current result has it as a text.
+    /// The `length` bytes at `data` are copied; they are what the accessors return. Null `data` reads as NULL.
+    void SaveFieldValue(const UtCString& column, const UtCString& sqlValue, const void* data, unsigned long length);
+
+private:
+    struct FreeResult
+    {
+        void operator()(MYSQL_RES* result) const noexcept;
+    };
+
+    struct Value
+    {
+        char* data; ///< null for NULL and where there is no value
+        size_t size;
+    };
+
+    bool IsStreamed() const noexcept { return m_largeResultConnection != nullptr; }
+    long Run(const UtCString& statement, bool showError, bool useResult);
+    bool FetchRow() noexcept;
+    bool HasCell(unsigned long no) const noexcept { return m_currentRow && no < m_fieldCount; }
+    Value ReadValue(unsigned long no) const;
+
+    CMyDatabase* m_database = nullptr; ///< borrowed
+    std::unique_ptr<CMyDatabase> m_largeResultConnection;
+    bool m_closeConnectionOnExit = false;
+    UtCString m_lastSQLCommand;
+    uint32_t m_queryTime = 0;
+    int32_t m_rowCount = 0;
+    UtCString m_queryInfo;
+    mutable std::unique_ptr<UtCMap<UtCString, unsigned long>> m_fieldNameIndex;
+    uint32_t m_fieldCount = 0;
+    std::unique_ptr<MYSQL_RES, FreeResult> m_result;
+    MYSQL_ROW m_currentRow = nullptr; ///< borrowed from the result
+    std::unique_ptr<UtArray<char**>> m_rowIndex;
+    uint32_t m_currentRowNumber = unknownRow;
+    UtCString m_tableName;
+    std::unique_ptr<recordset::PendingChanges> m_pendingChanges;
+    eModifyStates m_modifyState = MODIFY_NONE;
+    bool m_autoUserAndTimeStamp = true;
+
+    // Derived from the result, so that nothing is looked up once per row that holds for all of them.
+    mutable std::unique_ptr<recordset::ResultColumns> m_columns;
+    const unsigned long* m_lengths = nullptr;          ///< of the current row's values; borrowed
+    std::unique_ptr<unsigned long[]> m_rowLengths;     ///< of all rows of the row index
+    mutable std::shared_ptr<CTableCache> m_tableEntry; ///< keeps what GetTableFieldPtr returned
+
+    static constexpr uint32_t unknownRow = UINT32_MAX;
 };
