@@ -7,45 +7,232 @@
 
 #include <mysql.h>
 
+namespace connection {
+struct DatabaseAccess;
+}
+
+/// One client connection to a server, bound to one database, with the outcome of its last statement.
+///
+/// **States.** *Closed*: no client handle. *Connected without database*: a handle, but an empty database name (IsConnected
+/// true, IsOpen false). *Open*: a handle and a name. Construction leaves the object closed, Open moves it on, a failed
+/// Open and Close bring it back to closed. Nothing connects by itself except ExecuteQuery, which opens on demand.
+///
+/// **Outcome.** Operations report failure by their result (false, -1, an empty text) and leave the detail here, for
+/// GetErrorCode and GetErrorMessage, until the next statement overwrites it. Texts for people are German.
+///
+/// **Threads.** One connection, together with the record sets and tables that work through it, is used by one thread at
+/// a time. The limit on failed connects and the table cache are shared by all connections and not locked.
+///
+/// **Reconnecting.** A connection restores itself in two ways, and both give a *new session*: the client replaces a lost
+/// connection silently when it is next used (also by Ping), and ExecuteQuery reopens and sends the statement again. An
+/// open transaction, LOCK TABLES, named locks, temporary tables, user variables and `sql_mode` settings are gone then.
+///
+/// No exception leaves a member. One that runs out of memory gives its failure result.
 class MYDB_EXPORT CMyDatabase : public CObject
 {
     DECLARE_DYNAMIC(CMyDatabase)
 public:
+    /// Stores a copy of the settings and the name of the database; connects to nothing. The name may be empty: then Open
+    /// gives a connection without database.
+    ///
+    /// The user "root", spelt exactly so, is replaced by "vela_root": the library does not log in as the server's
+    /// "root". Kept: the replacement happens here and nowhere else, so "Root", which Open lower-cases, and a user "root"
+    /// set later through GetServer are sent as "root".
     CMyDatabase(const CMyServer& server, const UtCString& databaseName);
     CMyDatabase(const CMyDatabase&) = delete;
+    CMyDatabase(CMyDatabase&&) = delete;
     CMyDatabase& operator=(const CMyDatabase&) = delete;
+    CMyDatabase& operator=(CMyDatabase&&) = delete;
+
+    /// Closes the handle, without going through the virtual Close. Results obtained from ExecuteQuery must have been
+    /// freed before; a half-read streamed one cannot be read further.
     ~CMyDatabase() override;
 
+    /// Closes the connection; on a closed object it does nothing. Always true. The database name, the settings and the
+    /// outcome of the last statement stay, so Open brings the same connection back. Library code closes through this
+    /// slot, except for the destructor.
     virtual bool Close();
+
+    /// Connects, or makes sure that the existing connection is alive.
+    ///
+    /// An empty `databaseName` keeps the stored name. Another name than the stored one (compared exactly) closes the
+    /// connection, is stored, and connects anew. A live connection to the stored database is only pinged (one round
+    /// trip). Otherwise one connect is made, as the lower-cased user of the settings, without a Unix socket, and then
+    /// the list of the database's tables is fetched ("SHOW TABLES") to drop what the table cache knew about tables of
+    /// these names. Host, user, password and name go to the client byte for byte as they are stored.
+    ///
+    /// `interactive` shows a message box when the connect fails, and after a successful one runs
+    /// CheckAndRepairDatabaseIntegrity(true).
+    ///
+    /// True: connected (open, or without database where the name is empty). False, by cause:
+    /// - Host or user empty, or port 0: nothing is changed and no error recorded.
+    /// - A live connection without database, asked again: it stays as it is, neither closed nor counted as open.
+    /// - The client has no memory for a handle: closed, no error recorded.
+    /// - The connect failed: closed; code and message are the client's. The failed-connect counter of the process goes
+    ///   up by one.
+    /// - The counter has reached the limit (MyDbSetMaxTryConnect): closed, without any network traffic; the code is 0
+    ///   and the message "Kein Fehler!".
+    /// - The integrity check said no: the connection *stays open*, no error is recorded here.
+    ///
+    /// After a success on a new connection the outcome of the last statement is that of "SHOW TABLES", with error code 0
+    /// unless that statement itself failed. Where the server closes the connection during it and cannot be reached again
+    /// the result is false.
+    ///
+    /// Kept: no character set is requested. The server gets and sends what its and the client's defaults say (utf8mb4);
+    /// the charset of the settings only tags texts. Statements in encoding 256 with characters outside ASCII are refused
+    /// or stored with "?" unless the host switches the connection ("SET NAMES latin1") itself, after each reconnect too.
     virtual bool Open(bool interactive, const UtCString& databaseName);
+
+    /// What Open(true, ...) asks before it calls a connection open; false makes that Open return false.
+    /// This class looks at nothing and returns true: the check of the tables comes with the maintenance members. A
+    /// derived class may put its own check here; it can use the connection, which is open already.
     virtual bool CheckAndRepairDatabaseIntegrity(bool askUser);
 
+    /// Asks the server for a sign of life (one round trip). True: the connection works. False: closed, or no answer; no
+    /// error is recorded. Kept: a connection that the server has dropped is silently replaced by a new session and
+    /// counts as alive; GetThreadID then still gives the number of the old one.
     bool Ping();
-    bool IsConnected() const;
-    bool IsOpen() const;
+
+    bool IsConnected() const; ///< A handle exists. Says nothing about the server's being reachable; see Ping.
+    bool IsOpen() const;      ///< A handle exists and the database name is not empty.
+
+    /// The server's number of this connection as of the last successful Open; 0 when closed. Not updated by a silent
+    /// reconnect.
     unsigned long GetThreadID() const;
+
+    /// The settings, for reading and changing. A change takes effect at the next Open that connects; a change of the
+    /// charset at the next statement. Valid as long as this object.
     CMyServer& GetServer();
     const CMyServer& GetServer() const;
-    const UtCString& GetDatabaseName() const;
+
+    const UtCString& GetDatabaseName() const; ///< As given to the constructor or to Open. Valid as long as this object.
+
+    /// Whether the server knows the database of this connection (CMyServer::ExistDatabase). False for an empty name.
     bool ExistDatabase() const;
+
+    /// Whether anybody else works on this database: CountUsersOnThisDatabase(true) gives more than 0.
     bool IsDatabaseInUse();
+
     long CountUsersOnThisDatabase(bool ignoreOwnUser);
     bool ExistTable(const UtCString& tableName);
 
+    /// Runs one statement. All statements of the library go through here.
+    ///
+    /// Trailing blanks, carriage returns and line feeds are cut off, the text is converted to the encoding of the
+    /// settings and kept as GetLastSQLCommand. A UTF-8 byte-order mark in front is not sent. The statement ends at a
+    /// zero byte. `sql` may be the reference that GetLastSQLCommand gives. A closed connection is opened first
+    /// (Open(false, "")).
+    ///
+    /// What becomes of the rows:
+    ///
+    /// | `result` | `useResult` | the rows | returned |
+    /// |---|---|---|---|
+    /// | given | false | all fetched into `*result`; null when the statement has none | affected rows |
+    /// | given | true | `*result` streams them; nothing else may run here until it is freed | 1 |
+    /// | null | false | fetched at once and dropped | affected rows |
+    /// | null | true | read one by one and dropped | 1 |
+    ///
+    /// The caller owns `*result` and frees it with mysql_free_result, before this object closes. Freeing a half-read
+    /// streamed result waits until the server has sent the rest. A streamed result that ends may have been cut: the
+    /// client's error number tells.
+    ///
+    /// Affected rows: changed rows, or the number of rows fetched. The count is kept in 32 bits and signed: from
+    /// 2147483648 on it comes out negative, and 4294967295 comes out as 0, so that -1 is always a failure.
+    ///
+    /// -1, with `*result` untouched:
+    /// - The connection could not be opened: the last statement is cleared, the error is the one that Open left.
+    /// - The statement is empty: the error state stays as it was; last statement, query time and affected rows are
+    ///   cleared.
+    /// - The server or the client refused it, or lost the connection while sending the rows: GetErrorCode and
+    ///   GetErrorMessage tell; query time and affected rows are 0. With `showError` a message box shows the error and
+    ///   the statement (its first 32000 characters).
+    /// - Out of memory: nothing is sent; the code is 2008 where no other is recorded.
+    ///
+    /// **Lost connection.** When sending fails with 2001, 2006 or 2013 the connection is closed, opened again (virtual
+    /// Close and Open) and the statement sent once more; one round trip for the connect, one for "SHOW TABLES", one for
+    /// the statement. There is no second attempt. When the connection cannot be opened again the error is that of Open,
+    /// or, where Open recorded 0 because of the connect limit, that of the first attempt. Three things are kept as they
+    /// are:
+    /// - A write is repeated although the first attempt may have taken effect in whole or in part, and within a
+    ///   transaction the first half is lost while the rest is committed. Where this matters use a transaction and check
+    ///   in its last statement that the connection is still the same (SELECT CONNECTION_ID()).
+    /// - The query time of a statement that succeeds only then is the system's tick count, not a duration.
+    /// - The code of a statement that fails again is the return value of the client's call (not 0, but no error number
+    ///   of the client); the message has the right number.
+    ///
+    /// Kept: with settings in UTF-16 nothing ("utf16") or the first letter ("utf16le") of a statement is sent, because a
+    /// statement ends at its first zero byte.
+    ///
+    /// A procedure that returns rows (CALL) leaves its closing status unread; every further statement fails with 2014
+    /// until Close.
     long ExecuteQuery(const UtCString& sql, bool showError, MYSQL_RES** result, bool useResult);
+
+    /// Whether a statement gives rows, judged by its first word; letter case does not matter, and a line break counts as
+    /// a blank. No server is asked and the connection may be closed.
+    ///
+    /// True for SELECT (unless it writes INTO OUTFILE or INTO DUMPFILE), SHOW, CHECK, REPAIR, OPTIMIZE, EXPLAIN, for
+    /// HANDLER with READ, and for every text that contains UNION as a word between blanks. Kept: false for texts of
+    /// fewer than ten characters ("SHOW KEYS"), for a blank in front of the first word, and for DESCRIBE, ANALYZE,
+    /// BACKUP and RESTORE, although they give rows. CALL, WITH and TABLE are not known.
     bool IsSelectQuery(const UtCString& sql) const;
+
+    /// Escapes a text for use between quotes in a statement, after converting it to the encoding of the settings. The
+    /// quotes themselves are the caller's. `in` and `out` may be the same object.
+    ///
+    /// `out` carries the encoding of the settings and no terminating zero. It is empty when `in` is empty, on a closed
+    /// connection, and when memory runs out. The rules are the client's for this connection: its character set, and
+    /// doubled quotes instead of backslashes where the server says NO_BACKSLASH_ESCAPES. No round trip.
     void MakeEscapeString(const UtCString& in, UtCString& out);
+
+    /// Escapes `size` raw bytes in the same way, without any conversion; zero bytes are data.
+    ///
+    /// Kept: unlike the overload for texts this one leaves `out` as it was when there is nothing to do: `size` 0, `data`
+    /// null, or a closed connection. Empty it first where that matters. Out of memory, also for sizes beyond what the
+    /// client can count, gives an empty `out`.
     void MakeEscapeString(const void* data, unsigned __int64 size, UtCString& out);
+
+    /// The error number of the last statement or Open: 0 after a success, otherwise the client's (1000 to 1999 from the
+    /// server, from 2000 from the client itself), with the one exception under ExecuteQuery, "Lost connection".
     unsigned long GetErrorCode() const;
+
+    /// The error of the last statement or Open as a text, "1146: Table 'a.b' doesn't exist", tagged with its encoding
+    /// (UTF-8 where it comes from the client). Without a recorded error it describes the handle: "Kein Fehler!" on a
+    /// connection that works, "Keine Verbindung zum Server!" on a closed one. Empty only when memory runs out.
     UtCString GetErrorMessage();
+
+    /// The last statement as it was sent, in the encoding of the settings; "SHOW TABLES" after an Open that connected.
+    /// Valid as long as this object; its content changes with the next statement.
     const UtCString& GetLastSQLCommand() const;
+
+    /// Milliseconds from sending the last statement to having its result; 0 after a failure. For the exception after a
+    /// lost connection see ExecuteQuery. While a message box of a failed statement is open the number means nothing.
     unsigned long GetQueryTime() const;
-    long GetAffectedRows() const;
+
+    long GetAffectedRows() const; ///< What the last statement returned; 0 after a failure.
+
+    /// The last statement in one line: the server's own account of it, "Records: 2  Duplicates: 0  Warnings: 0", or
+    /// "Query OK. 3 Records", followed by its time, " in 0.015 Sec". Empty after a failure and on a closed connection.
+    /// The decimal separator is a point in every locale.
     UtCString GetQueryInfo();
 
 private:
     friend class CFieldCache;
     friend class CMyRecordSet;
+    friend struct connection::DatabaseAccess;
+
+    bool OpenConnection(bool interactive);
+    bool ReuseConnection(bool& isUsable);
+    bool Connect();
+    bool FinishOpen(bool interactive);
+    void FailOpen(bool interactive);
+
+    long RunStatement(const UtCString& sql, bool showError, MYSQL_RES** result, bool useResult);
+    bool KeepStatement(const UtCString& sql);
+    int SendStatement();
+    void ResendStatement();
+    bool TakeResult(MYSQL_RES** result, bool useResult);
+    bool RecordClientError();
+    long FailStatement(bool showError);
 
     MYSQL* m_handle;
     unsigned long m_threadId;
@@ -56,4 +243,5 @@ private:
     UtCString m_lastSQLCommand;
     unsigned long m_queryTime;
     long m_affectedRows;
+    bool m_isReopening; ///< within the Open of a resend, whose own statements are not resent
 };
