@@ -1,0 +1,11 @@
+# The headers that a host application may include: everything in inc/, the framework's types, and the support headers
+# whose names begin with "Ut". Other support headers serve the library alone and are not installed.
+file(GLOB MYDB_INTERFACE_HEADERS CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/inc" "${PROJECT_SOURCE_DIR}/inc/*.h")
+file(GLOB MYDB_SUPPORT_HEADERS CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/support"
+     "${PROJECT_SOURCE_DIR}/support/text/Ut*.h"
+     "${PROJECT_SOURCE_DIR}/support/containers/Ut*.h"
+     "${PROJECT_SOURCE_DIR}/support/log/Ut*.h"
+     "${PROJECT_SOURCE_DIR}/support/files/Ut*.h"
+     "${PROJECT_SOURCE_DIR}/support/framework/*.h")
+
+set(MYDB_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/mydb")

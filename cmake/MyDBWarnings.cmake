@@ -1,0 +1,10 @@
+# mydb_enable_warnings(<target>): the warnings that our own code has to be free of. Headers of others are SYSTEM headers
+# and stay out of it.
+function(mydb_enable_warnings TARGET)
+    if(MSVC)
+        target_compile_options(${TARGET} PRIVATE /W4 /utf-8 /permissive- $<$<BOOL:${MYDB_WERROR}>:/WX>)
+    else()
+        target_compile_options(${TARGET} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wundef
+                               $<$<BOOL:${MYDB_WERROR}>:-Werror>)
+    endif()
+endfunction()
