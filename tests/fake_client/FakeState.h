@@ -36,9 +36,9 @@ struct HandleState
     bool lost = false;
     bool closed = false;
     bool hasDatabase = false;
-    Reply reply;                 ///< of the last statement
+    Reply reply{};               ///< of the last statement
     MYSQL_RES* stream = nullptr; ///< the streamed result that has not been read to its end
-    std::string info;
+    std::string info{};
 };
 
 /// The bytes and pointers of one row, laid out as the client does: values one behind the other, each with a terminating
@@ -58,11 +58,11 @@ struct ResultState
     bool ended = false;      ///< a stream that has been read to its end or cut
     bool orphaned = false;   ///< a stream whose handle was closed before its end
     MYSQL* handle = nullptr; ///< of a stream
-    Reply reply;
-    std::vector<MYSQL_FIELD> fields;
-    std::deque<std::string> texts; ///< what the fields point to
-    std::vector<RowMemory> rows;   ///< stored: all; streamed: the current one
-    size_t position = 0;           ///< index of the next row
+    Reply reply{};
+    std::vector<MYSQL_FIELD> fields{};
+    std::deque<std::string> texts{}; ///< what the fields point to
+    std::vector<RowMemory> rows{};   ///< stored: all; streamed: the current one
+    size_t position = 0;             ///< index of the next row
     RowMemory* current = nullptr;
 };
 
