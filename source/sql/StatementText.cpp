@@ -1,0 +1,53 @@
+#include "sql/StatementText.h"
+
+namespace sql {
+
+namespace {
+
+bool IsTrimmed(char character) noexcept
+{
+    return character == ' ' || character == '\r' || character == '\n';
+}
+
+std::string_view TrimUnits(std::string_view bytes, size_t lowByte) noexcept
+{
+    constexpr size_t unitSize = 2;
+    size_t size = bytes.size() - bytes.size() % unitSize;
+    while (size != 0 && bytes[size - 1 - lowByte] == '\0' && IsTrimmed(bytes[size - unitSize + lowByte]))
+        size -= unitSize;
+    return bytes.substr(0, size);
+}
+
+bool IsAscii(std::string_view bytes) noexcept
+{
+    unsigned char bits = 0;
+    for (const char byte : bytes)
+        bits |= static_cast<unsigned char>(byte);
+    return bits < 0x80;
+}
+
+bool ContainsAscii(eUtEncodingType encoding) noexcept
+{
+    return encoding == UT_ENCODING_DEFAULT || encoding == UT_ENCODING_UTF8;
+}
+
+} // namespace
+
+std::string_view TrimStatement(std::string_view bytes, eUtEncodingType encoding) noexcept
+{
+    if (encoding == UT_ENCODING_UTF16_LE)
+        return TrimUnits(bytes, 0);
+    if (encoding == UT_ENCODING_UTF16_BE)
+        return TrimUnits(bytes, 1);
+    size_t size = bytes.size();
+    while (size != 0 && IsTrimmed(bytes[size - 1]))
+        --size;
+    return bytes.substr(0, size);
+}
+
+bool MeansTheSame(std::string_view bytes, eUtEncodingType encoding, eUtEncodingType other) noexcept
+{
+    return encoding == other || (ContainsAscii(encoding) && ContainsAscii(other) && IsAscii(bytes));
+}
+
+} // namespace sql
