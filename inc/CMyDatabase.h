@@ -13,9 +13,10 @@ struct DatabaseAccess;
 
 /// One client connection to a server, bound to one database, with the outcome of its last statement.
 ///
-/// **States.** *Closed*: no client handle. *Connected without database*: a handle, but an empty database name (IsConnected
-/// true, IsOpen false). *Open*: a handle and a name. Construction leaves the object closed, Open moves it on, a failed
-/// Open and Close bring it back to closed. Nothing connects by itself except ExecuteQuery, which opens on demand.
+/// **States.** *Closed*: no client handle. *Connected without database*: a handle, but an empty database name
+/// (IsConnected true, IsOpen false). *Open*: a handle and a name. Construction leaves the object closed, Open moves it
+/// on, a failed Open and Close bring it back to closed. Nothing connects by itself except ExecuteQuery, which opens on
+/// demand.
 ///
 /// **Outcome.** Operations report failure by their result (false, -1, an empty text) and leave the detail here, for
 /// GetErrorCode and GetErrorMessage, until the next statement overwrites it. Texts for people are German.
@@ -23,21 +24,22 @@ struct DatabaseAccess;
 /// **Threads.** One connection, together with the record sets and tables that work through it, is used by one thread at
 /// a time. The limit on failed connects and the table cache are shared by all connections and not locked.
 ///
-/// **Reconnecting.** A connection restores itself in two ways, and both give a *new session*: the client replaces a lost
-/// connection silently when it is next used (also by Ping), and ExecuteQuery reopens and sends the statement again. An
-/// open transaction, LOCK TABLES, named locks, temporary tables, user variables and `sql_mode` settings are gone then.
+/// **Reconnecting.** A connection restores itself in two ways, and both give a *new session*: the client replaces a
+/// lost connection silently when it is next used (also by Ping), and ExecuteQuery reopens and sends the statement
+/// again. An open transaction, LOCK TABLES, named locks, temporary tables, user variables and `sql_mode` settings are
+/// gone then.
 ///
 /// No exception leaves a member. One that runs out of memory gives its failure result.
 class MYDB_EXPORT CMyDatabase : public CObject
 {
     DECLARE_DYNAMIC(CMyDatabase)
 public:
-    /// Stores a copy of the settings and the name of the database; connects to nothing. The name may be empty: then Open
-    /// gives a connection without database.
+    /// Stores a copy of the settings and the name of the database; connects to nothing. The name may be empty: then
+    /// Open gives a connection without database.
     ///
     /// The user "root", spelt exactly so, is replaced by "vela_root": the library does not log in as the server's
-    /// "root". Kept: the replacement happens here and nowhere else, so "Root", which Open lower-cases, and a user "root"
-    /// set later through GetServer are sent as "root".
+    /// "root". Kept: the replacement happens here and nowhere else, so "Root", which Open lower-cases, and a user
+    /// "root" set later through GetServer are sent as "root".
     CMyDatabase(const CMyServer& server, const UtCString& databaseName);
     CMyDatabase(const CMyDatabase&) = delete;
     CMyDatabase(CMyDatabase&&) = delete;
@@ -74,13 +76,14 @@ public:
     ///   and the message "Kein Fehler!".
     /// - The integrity check said no: the connection *stays open*, no error is recorded here.
     ///
-    /// After a success on a new connection the outcome of the last statement is that of "SHOW TABLES", with error code 0
-    /// unless that statement itself failed. Where the server closes the connection during it and cannot be reached again
-    /// the result is false.
+    /// After a success on a new connection the outcome of the last statement is that of "SHOW TABLES", with error code
+    /// 0 unless that statement itself failed. Where the server closes the connection during it and cannot be reached
+    /// again the result is false.
     ///
     /// Kept: no character set is requested. The server gets and sends what its and the client's defaults say (utf8mb4);
-    /// the charset of the settings only tags texts. Statements in encoding 256 with characters outside ASCII are refused
-    /// or stored with "?" unless the host switches the connection ("SET NAMES latin1") itself, after each reconnect too.
+    /// the charset of the settings only tags texts. Statements in encoding 256 with characters outside ASCII are
+    /// refused or stored with "?" unless the host switches the connection ("SET NAMES latin1") itself, after each
+    /// reconnect too.
     virtual bool Open(bool interactive, const UtCString& databaseName);
 
     /// What Open(true, ...) asks before it calls a connection open; false makes that Open return false.
@@ -160,15 +163,15 @@ public:
     /// - The code of a statement that fails again is the return value of the client's call (not 0, but no error number
     ///   of the client); the message has the right number.
     ///
-    /// Kept: with settings in UTF-16 nothing ("utf16") or the first letter ("utf16le") of a statement is sent, because a
-    /// statement ends at its first zero byte.
+    /// Kept: with settings in UTF-16 nothing ("utf16") or the first letter ("utf16le") of a statement is sent, because
+    /// a statement ends at its first zero byte.
     ///
     /// A procedure that returns rows (CALL) leaves its closing status unread; every further statement fails with 2014
     /// until Close.
     long ExecuteQuery(const UtCString& sql, bool showError, MYSQL_RES** result, bool useResult);
 
-    /// Whether a statement gives rows, judged by its first word; letter case does not matter, and a line break counts as
-    /// a blank. No server is asked and the connection may be closed.
+    /// Whether a statement gives rows, judged by its first word; letter case does not matter, and a line break counts
+    /// as a blank. No server is asked and the connection may be closed.
     ///
     /// True for SELECT (unless it writes INTO OUTFILE or INTO DUMPFILE), SHOW, CHECK, REPAIR, OPTIMIZE, EXPLAIN, for
     /// HANDLER with READ, and for every text that contains UNION as a word between blanks. Kept: false for texts of
@@ -186,9 +189,9 @@ public:
 
     /// Escapes `size` raw bytes in the same way, without any conversion; zero bytes are data.
     ///
-    /// Kept: unlike the overload for texts this one leaves `out` as it was when there is nothing to do: `size` 0, `data`
-    /// null, or a closed connection. Empty it first where that matters. Out of memory, also for sizes beyond what the
-    /// client can count, gives an empty `out`.
+    /// Kept: unlike the overload for texts this one leaves `out` as it was when there is nothing to do: `size` 0,
+    /// `data` null, or a closed connection. Empty it first where that matters. Out of memory, also for sizes beyond
+    /// what the client can count, gives an empty `out`.
     void MakeEscapeString(const void* data, unsigned __int64 size, UtCString& out);
 
     /// The error number of the last statement or Open: 0 after a success, otherwise the client's (1000 to 1999 from the
@@ -220,18 +223,19 @@ private:
     friend class CMyRecordSet;
     friend struct connection::DatabaseAccess;
 
-    bool OpenConnection(bool interactive);
-    bool ReuseConnection(bool& isUsable);
+    bool EnsureOpen(bool interactive, const UtCString& databaseName);
+    bool OpenAnew(bool interactive);
     bool Connect();
     bool FinishOpen(bool interactive);
     void FailOpen(bool interactive);
+    void DropHandle() noexcept;
 
     long RunStatement(const UtCString& sql, bool showError, MYSQL_RES** result, bool useResult);
     bool KeepStatement(const UtCString& sql);
     int SendStatement();
     void ResendStatement();
     bool TakeResult(MYSQL_RES** result, bool useResult);
-    bool RecordClientError();
+    void RecordClientError();
     long FailStatement(bool showError);
 
     MYSQL* m_handle;

@@ -11,8 +11,8 @@ struct DatabaseAccess
     /// every statement may do; fetch it again after each.
     static MYSQL* Handle(const CMyDatabase& database) noexcept { return database.m_handle; }
 
-    /// Records a failure for GetErrorCode and GetErrorMessage. With an empty message GetErrorMessage describes the state
-    /// of the handle at the time of that call.
+    /// Records a failure for GetErrorCode and GetErrorMessage. With an empty message GetErrorMessage describes the
+    /// state of the handle at the time of that call.
     static void SetLastError(CMyDatabase& database, unsigned long code, const UtCString& message)
     {
         database.m_errorCode = code;
