@@ -23,7 +23,7 @@ std::string_view UserLocaleName()
 std::string TerminalCodeset()
 {
     const UserLocale locale(LC_CTYPE_MASK);
-    if (locale.Handle())
+    if (locale.IsInstalled())
         return nl_langinfo_l(CODESET, locale.Handle());
     const std::string_view name = UserLocaleName();
     const size_t dot = name.find('.');

@@ -9,19 +9,21 @@ class UserLocale
 {
 public:
     /// `mask`: the LC_*_MASK bits of the categories that are needed.
-    explicit UserLocale(int mask) noexcept : m_handle(newlocale(mask, "", nullptr)) {}
-    ~UserLocale()
+    explicit UserLocale(int mask) noexcept : m_user(newlocale(mask, "", nullptr)), m_handle(m_user)
     {
-        if (m_handle)
-            freelocale(m_handle);
+        if (!m_user)
+            m_handle = newlocale(mask, "C", nullptr);
     }
+    ~UserLocale() { freelocale(m_handle); }
     UserLocale(const UserLocale&) = delete;
     UserLocale& operator=(const UserLocale&) = delete;
 
-    /// Null when the environment names a locale that is not installed.
+    /// False when the environment names a locale that is not installed; then the handle is that of the locale "C".
+    bool IsInstalled() const noexcept { return m_user != nullptr; }
     locale_t Handle() const noexcept { return m_handle; }
 
 private:
+    locale_t m_user;
     locale_t m_handle;
 };
 

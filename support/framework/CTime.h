@@ -1,0 +1,42 @@
+#pragma once
+
+#include "MyDbExport.h"
+
+#include <compare>
+
+#ifndef _MSC_VER
+#ifndef __int64
+#define __int64 long long
+#endif
+#endif
+
+/// The framework's point in time: whole seconds since 1970-01-01 00:00:00 UTC. Its calendar fields are those of the
+/// local time zone of the process. An object of 8 bytes; any value is allowed.
+class MYDB_EXPORT CTime
+{
+public:
+    /// 0, the start of 1970 UTC.
+    CTime() noexcept = default;
+    CTime(__int64 secondsSince1970) noexcept : m_seconds(secondsSince1970) {}
+    /// A local time. `daylightSaving`: above 0 it is in effect, 0 it is not, below 0 the system decides. Fields out of
+    /// their range carry over into the next larger one. -1 seconds where the system cannot represent the time.
+    CTime(int year, int month, int day, int hour, int minute, int second, int daylightSaving = -1) noexcept;
+
+    /// Now. (On Windows <windows.h> has a macro of this name; there the framework's own class is used.)
+    static CTime GetCurrentTime() noexcept;
+
+    __int64 GetTime() const noexcept { return m_seconds; }
+
+    // The fields of the local time; 0 where the system cannot break the time down.
+    int GetYear() const noexcept;
+    int GetMonth() const noexcept; ///< 1 to 12
+    int GetDay() const noexcept;   ///< 1 to 31
+    int GetHour() const noexcept;
+    int GetMinute() const noexcept;
+    int GetSecond() const noexcept;
+
+    auto operator<=>(const CTime&) const noexcept = default;
+
+private:
+    __int64 m_seconds = 0;
+};
