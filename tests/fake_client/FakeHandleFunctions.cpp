@@ -269,10 +269,10 @@ int STDCALL mysql_real_query(MYSQL* handle, const char* statement, unsigned long
     }
     const std::string text(statement, length);
     state.Record("mysql_real_query", handle, text);
+    connection.reply = {}; // rows that were not fetched are out of reach, although they still block the handle
     if (!fake::BeginCommand(handle, connection, Call::Query, text)) {
         return 1;
     }
-    connection.reply = {};
     return fake::RunStatement(handle, connection, text);
 }
 

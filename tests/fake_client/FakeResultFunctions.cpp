@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <utility>
 
 // The C functions that make, read and free results.
 
@@ -78,30 +80,27 @@ MYSQL_RES* AddResult(ResultState result, const std::vector<Field>& fields, bool 
     return address;
 }
 
-/// The pending rows of the handle's last statement are taken over; null: there are none, or taking them failed.
-bool TakePendingRows(MYSQL* handle, const HandleState& connection, Call call)
+/// Takes the rows of the handle's last statement, once; nullopt: there are none, or taking them failed.
+std::optional<Reply> TakePendingRows(MYSQL* handle, HandleState& connection, Call call)
 {
-    if (connection.reply.fields.empty()) {
-        return false;
-    }
-    if (handle->status != MYSQL_STATUS_GET_RESULT) {
-        SetError(handle, 2014);
-        return false;
+    const Reply reply = std::exchange(connection.reply, Reply());
+    if (reply.fields.empty()) {
+        return std::nullopt;
     }
     handle->status = MYSQL_STATUS_READY;
     if (connection.lost) {
         SetError(handle, 2013);
-        return false;
+        return std::nullopt;
     }
     if (const std::optional<Failure> failure = State::Get().NextFailure(call, {})) {
         SetError(handle, failure->code, failure->text);
-        return false;
+        return std::nullopt;
     }
-    if (connection.reply.resultErrorCode != 0) {
-        SetError(handle, connection.reply.resultErrorCode, connection.reply.errorText);
-        return false;
+    if (reply.resultErrorCode != 0) {
+        SetError(handle, reply.resultErrorCode, reply.errorText);
+        return std::nullopt;
     }
-    return true;
+    return reply;
 }
 
 void EndStream(ResultState& result)
@@ -185,18 +184,18 @@ MYSQL_RES* STDCALL mysql_store_result(MYSQL* handle)
     State& state = State::Get();
     fake::HandleState& connection = state.Handle("mysql_store_result", handle);
     state.Record("mysql_store_result", handle);
-    if (!fake::TakePendingRows(handle, connection, Call::StoreResult)) {
+    const std::optional<fake::Reply> reply = fake::TakePendingRows(handle, connection, Call::StoreResult);
+    if (!reply) {
         return nullptr;
     }
-    if (connection.reply.rowErrorCode != 0) {
-        fake::SetError(handle, connection.reply.rowErrorCode, connection.reply.errorText);
+    if (reply->rowErrorCode != 0) {
+        fake::SetError(handle, reply->rowErrorCode, reply->errorText);
         return nullptr;
     }
     fake::ResultState result;
-    std::transform(connection.reply.rows.begin(), connection.reply.rows.end(), std::back_inserter(result.rows),
-                   fake::ToRowMemory);
+    std::transform(reply->rows.begin(), reply->rows.end(), std::back_inserter(result.rows), fake::ToRowMemory);
     handle->affected_rows = result.rows.size();
-    return fake::AddResult(std::move(result), connection.reply.fields, false);
+    return fake::AddResult(std::move(result), reply->fields, false);
 }
 
 MYSQL_RES* STDCALL mysql_use_result(MYSQL* handle)
@@ -204,15 +203,16 @@ MYSQL_RES* STDCALL mysql_use_result(MYSQL* handle)
     State& state = State::Get();
     fake::HandleState& connection = state.Handle("mysql_use_result", handle);
     state.Record("mysql_use_result", handle);
-    if (!fake::TakePendingRows(handle, connection, Call::UseResult)) {
+    const std::optional<fake::Reply> reply = fake::TakePendingRows(handle, connection, Call::UseResult);
+    if (!reply) {
         return nullptr;
     }
     handle->status = MYSQL_STATUS_USE_RESULT;
     fake::ResultState result;
     result.streamed = true;
     result.handle = handle;
-    result.reply = connection.reply;
-    connection.stream = fake::AddResult(std::move(result), connection.reply.fields, false);
+    result.reply = *reply;
+    connection.stream = fake::AddResult(std::move(result), reply->fields, false);
     return connection.stream;
 }
 
