@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Builds the library and shows it reading a real database. Works on a fresh Debian 12, as root or with sudo.
+#
+# A private server is started for the demonstration and stopped at its end. To use another one:
+#   MYDB_SERVER=host:port MYDB_USER=user MYDB_PASSWORD=password scripts/demo.sh
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+# shellcheck source=scripts/setup.sh
+source scripts/setup.sh
+# shellcheck source=scripts/private-server.sh
+source scripts/private-server.sh
+
+trap private_server_stop EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM HUP
+
+need_packages "${build_packages[@]}" "${server_packages[@]}"
+build_preset release "Building the library and the example"
+if [ -n "${MYDB_SERVER:-}" ]; then
+    say "Using the server $MYDB_SERVER"
+else
+    run_step "Starting a private server" private_server_start
+    say "It listens on $private_server_address and ends with this script"
+    export MYDB_SERVER=$private_server_address MYDB_USER=vela_root MYDB_PASSWORD=$private_server_password
+fi
+say "Running examples/quickstart"
+echo
+private_server_run build/release/examples/quickstart

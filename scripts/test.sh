@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# Runs everything that has to hold before a change is accepted. Works on a fresh Debian 12, as root or with sudo.
+# The last line is "N passed, M failed": test cases, checks and fuzz targets.
+#
+#   MYDB_TEST_SERVER=host:port   run the server tests on that server in place of a private one
+#   MYDB_FUZZ_SECONDS=30         time per fuzz target
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
+# shellcheck source=scripts/setup.sh
+source scripts/setup.sh
+
+started=$SECONDS
+results=$(mktemp -d)
+trap 'rm -rf "$results"' EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM HUP
+
+record() { # record passed|failed NAME
+    echo "$1 $2" >>"$results/other.txt"
+}
+
+# A build that fails is a failure like another one: the steps that do not need it still run.
+try_build() { # try_build PRESET TITLE [CMAKE OPTION...]
+    if (build_preset "$@"); then
+        record passed "$1: builds without a warning"
+    else
+        record failed "$1: builds without a warning"
+        return 1
+    fi
+}
+
+run_ctest() { # run_ctest PRESET CTEST OPTION...
+    local preset=$1 from=$SECONDS
+    shift
+    say "Running the tests (build/$preset)"
+    mkdir -p "$results/$preset/gtest"
+    GTEST_OUTPUT="xml:$results/$preset/gtest/" ctest --test-dir "build/$preset" --output-on-failure --no-tests=error \
+        --parallel "$(nproc)" --output-junit "$results/$preset/ctest.xml" "$@" | sed 's/^/    /'
+    printf '    done in %d s\n' $((SECONDS - from))
+}
+
+fuzz_one() { # fuzz_one PROGRAM: runs it on a copy of its corpus
+    local program=$1 name target work log
+    name=$(basename "$program")
+    target=${name#Fuzz}
+    work=$(mktemp -d)
+    log=$work/log
+    if cp -r "tests/fuzz/corpus/$target" "$work/corpus" &&
+        "$program" "$work/corpus" -max_total_time="${MYDB_FUZZ_SECONDS:-30}" -timeout=10 -rss_limit_mb=2048 \
+            -artifact_prefix="$work/" -print_final_stats=1 >"$log" 2>&1; then
+        printf '    %-28s %s executions\n' "$name" "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")"
+        record passed "$name"
+    else
+        printf '    %s failed\n' "$name"
+        tail -n 40 "$log"
+        for log in "$work"/crash-* "$work"/timeout-* "$work"/oom-*; do
+            [ -f "$log" ] && printf 'input of %s, in base64: %s\n' "$name" "$(base64 -w0 "$log")"
+        done
+        record failed "$name"
+    fi
+    rm -rf "$work"
+}
+
+run_fuzzers() {
+    local program from=$SECONDS running=0
+    say "Fuzzing, ${MYDB_FUZZ_SECONDS:-30} s each, two at a time"
+    for program in build/fuzz/fuzz/Fuzz*; do
+        if [ "$running" -eq 2 ]; then
+            wait -n
+            running=1
+        fi
+        fuzz_one "$program" &
+        running=$((running + 1))
+    done
+    wait
+    printf '    done in %d s\n' $((SECONDS - from))
+}
+
+need_packages "${build_packages[@]}" "${server_packages[@]}" "${test_packages[@]}"
+export CXX=g++ PYTHONDONTWRITEBYTECODE=1
+try_build dev "Building library, tests and examples" && run_ctest dev
+try_build asan "Building them for the address and undefined-behaviour sanitizers" && run_ctest asan -LE 'tools|headers'
+unset CXX
+try_build fuzz "Building the fuzz programs with clang" && run_fuzzers
+
+say "Everything together took $((SECONDS - started)) s"
+tools/count_results "$results"
