@@ -209,6 +209,7 @@ TEST_F(ClientRules, AStoredResultEndsAndCanBeReadAgain)
     EXPECT_EQ(mysql_fetch_lengths(result), nullptr);
     EXPECT_EQ(mysql_fetch_row(result), second);
     mysql_data_seek(result, 0);
+    EXPECT_EQ(mysql_fetch_lengths(result), nullptr);
     EXPECT_EQ(mysql_fetch_row(result), first);
     mysql_data_seek(result, 2);
     EXPECT_EQ(mysql_fetch_row(result), nullptr);

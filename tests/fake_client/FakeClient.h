@@ -65,7 +65,7 @@ struct ConnectRecord
     unsigned long flags;
 };
 
-/// One mysql_options or mysql_optionsv. `value` is the number or the flag for the options that take one, `text` the
+/// One mysql_options. `value` is the number or the flag for the options that take one, `text` the
 /// text for those that take one.
 struct OptionRecord
 {

@@ -1,7 +1,6 @@
 #include "fake_client/FakeErrors.h"
 #include "fake_client/FakeHandle.h"
 
-#include <cstdarg>
 #include <cstring>
 
 // The C functions that work on a handle.
@@ -61,19 +60,6 @@ OptionRecord OptionOf(mysql_option option, const void* argument)
     default:
         return {option, 0, {}};
     }
-}
-
-int SetOption(const char* function, MYSQL* handle, mysql_option option, const void* argument)
-{
-    State& state = State::Get();
-    state.Handle(function, handle);
-    const OptionRecord record = OptionOf(option, argument);
-    state.Record(function, handle, std::to_string(option) + "=" + std::to_string(record.value) + record.text);
-    if (option == MYSQL_OPT_RECONNECT) {
-        handle->options.reconnect = static_cast<my_bool>(record.value);
-    }
-    state.options.push_back(record);
-    return 0;
 }
 
 /// What a failing mysql_real_query leaves.
@@ -198,16 +184,15 @@ MYSQL* STDCALL mysql_init(MYSQL* handle)
 
 int STDCALL mysql_options(MYSQL* handle, mysql_option option, const void* argument)
 {
-    return fake::SetOption("mysql_options", handle, option, argument);
-}
-
-int mysql_optionsv(MYSQL* handle, mysql_option option, ...)
-{
-    va_list arguments;
-    va_start(arguments, option);
-    const void* const argument = va_arg(arguments, const void*);
-    va_end(arguments);
-    return fake::SetOption("mysql_optionsv", handle, option, argument);
+    State& state = State::Get();
+    state.Handle("mysql_options", handle);
+    const fake::OptionRecord record = fake::OptionOf(option, argument);
+    state.Record("mysql_options", handle, std::to_string(option) + "=" + std::to_string(record.value) + record.text);
+    if (option == MYSQL_OPT_RECONNECT) {
+        handle->options.reconnect = static_cast<my_bool>(record.value);
+    }
+    state.options.push_back(record);
+    return 0;
 }
 
 MYSQL* STDCALL mysql_real_connect(MYSQL* handle, const char* host, const char* user, const char* password,

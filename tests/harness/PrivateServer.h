@@ -9,7 +9,8 @@ namespace harness {
 /// The server that all tests of one program share. It is started with the first use and stopped with the program.
 ///
 /// With the environment variable MYDB_TEST_SERVER=host:port that server is used instead, as MYDB_TEST_USER with
-/// MYDB_TEST_PASSWORD (both accounts below are then this one, which needs every privilege).
+/// MYDB_TEST_PASSWORD (both accounts below are then this one, which needs every privilege). Tests that read the sent
+/// statements need its general log switched on, in a file that they can read.
 class PrivateServer
 {
 public:

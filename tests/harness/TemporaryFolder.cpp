@@ -13,6 +13,8 @@
 namespace harness {
 namespace {
 
+constexpr int LIFELINE_OF_GUARD = 3;
+
 void Remove(const std::filesystem::path& path)
 {
     std::error_code error;
@@ -28,12 +30,14 @@ void Remove(const std::filesystem::path& path)
 [[noreturn]] void Guard(int lifeline, const std::filesystem::path& path)
 {
     ::setsid(); // not reached by the interrupt key
+    ::dup2(lifeline, LIFELINE_OF_GUARD);
+    ::close_range(LIFELINE_OF_GUARD + 1, ~0U, 0); // connections and pipes of the program end with the program
     const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
     for (const int stream : {0, 1, 2}) {
         ::dup2(nothing, stream); // whoever reads the program's output must not wait for the guard
     }
     char byte = 0;
-    while (::read(lifeline, &byte, 1) < 0 && errno == EINTR) {
+    while (::read(LIFELINE_OF_GUARD, &byte, 1) < 0 && errno == EINTR) {
     }
     Remove(path);
     ::_exit(0);
@@ -60,8 +64,9 @@ TemporaryFolder::~TemporaryFolder()
     if (::getpid() != m_owner) {
         return;
     }
-    ::close(m_lifeline);
+    ::kill(m_guard, SIGKILL);
     ::waitpid(m_guard, nullptr, 0);
+    ::close(m_lifeline);
     Remove(m_path);
 }
 

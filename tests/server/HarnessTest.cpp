@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <csignal>
 #include <fstream>
+#include <memory>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -77,6 +78,28 @@ TEST(TemporaryFolder, IsRemovedWithTheObject)
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
+TEST(TemporaryFolder, IsRemovedBeforeOneThatWasMadeLater)
+{
+    auto first = std::make_unique<harness::TemporaryFolder>();
+    const harness::TemporaryFolder second;
+    const std::filesystem::path path = first->Path();
+    first.reset();
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_TRUE(std::filesystem::exists(second.Path()));
+}
+
+TEST(TemporaryFolder, StaysWhenACopyOfTheProgramEndsOrderly)
+{
+    const harness::TemporaryFolder folder;
+    const pid_t copy = ::fork();
+    if (copy == 0) {
+        folder.~TemporaryFolder();
+        ::_exit(0);
+    }
+    ::waitpid(copy, nullptr, 0);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path()));
+}
+
 /// Runs `work` in a copy of this program, which writes one line and is then killed; returns the line.
 template <class Work> std::string LineOfAKilledCopy(Work work)
 {
@@ -141,36 +164,6 @@ TEST(PrivateServer, RunsStatements)
     EXPECT_EQ(connection.Rows("SELECT 'a', NULL UNION ALL SELECT CHAR(0), ''"),
               (std::vector<RawConnection::Row>{{"a", std::nullopt}, {std::string(1, '\0'), ""}}));
     EXPECT_EQ(connection.Column("SELECT NULL UNION ALL SELECT 'x'"), (std::vector<std::string>{"NULL", "x"}));
-}
-
-TEST(PrivateServer, HasTheSettingsThatTheTestsRelyOn)
-{
-    RawConnection connection(PrivateServer::Get().Administrator());
-    EXPECT_EQ(connection.Text("SELECT @@lower_case_table_names"), "1");
-    EXPECT_EQ(connection.Text("SELECT @@local_infile"), "1");
-    EXPECT_EQ(connection.Text("SELECT @@general_log"), "1");
-    EXPECT_EQ(connection.Text("SELECT @@max_allowed_packet"), "67108864");
-}
-
-TEST(PrivateServer, LetsTheTesterUseItsOwnDatabasesOnly)
-{
-    RawConnection tester(PrivateServer::Get().Tester());
-    EXPECT_EQ(tester.ErrorOf("CREATE DATABASE other"), 1044U);
-    EXPECT_EQ(tester.ErrorOf("CREATE DATABASE mydbx"), 1044U);
-    RawConnection stranger(PrivateServer::Get().Administrator());
-    EXPECT_EQ(tester.Text("SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE ID = " +
-                          std::to_string(stranger.ThreadId())),
-              "0");
-}
-
-TEST(PrivateServer, GivesTheAdministratorEveryPrivilege)
-{
-    RawConnection connection(PrivateServer::Get().Administrator());
-    EXPECT_EQ(connection.Text("SELECT SUBSTRING_INDEX(CURRENT_USER(), '@', 1)"), "vela_root");
-    const std::vector<std::string> grants = connection.Column("SHOW GRANTS");
-    ASSERT_FALSE(grants.empty());
-    EXPECT_TRUE(grants[0].starts_with("GRANT ALL PRIVILEGES ON *.* TO ")) << grants[0];
-    EXPECT_TRUE(grants[0].ends_with(" WITH GRANT OPTION")) << grants[0];
 }
 
 TEST(RawConnection, ThrowsTheServersError)
@@ -284,7 +277,7 @@ TEST(GeneralLog, GivesTheOtherCommandsToo)
     const std::vector<LoggedCommand> commands = log.Commands(threadId);
     ASSERT_GE(commands.size(), 2U);
     EXPECT_EQ(commands[0].name, "Connect");
-    EXPECT_TRUE(commands[0].text.starts_with("tester@")) << commands[0].text;
+    EXPECT_TRUE(commands[0].text.starts_with(PrivateServer::Get().Tester().user + "@")) << commands[0].text;
     EXPECT_EQ(commands[1], (LoggedCommand{threadId, "Field List", "t "}));
 }
 
@@ -293,8 +286,8 @@ TEST(GeneralLog, RefusesAFileThatIsNotThere)
     EXPECT_THROW(GeneralLog("/nowhere/general.log"), std::runtime_error);
 }
 
-/// One extra server for all tests that stop it.
-class StoppableServer : public testing::Test
+/// One server for all tests that stop it or look at how it is set up (the shared one may be somebody else's).
+class OwnServer : public testing::Test
 {
 protected:
     static void SetUpTestSuite() { s_server = new ServerProcess({"--max-connections=17"}); }
@@ -304,19 +297,49 @@ protected:
     static ServerProcess* s_server;
 };
 
-ServerProcess* StoppableServer::s_server = nullptr;
+ServerProcess* OwnServer::s_server = nullptr;
 
-TEST_F(StoppableServer, TakesOptions)
+TEST_F(OwnServer, HasTheSettingsThatTheTestsRelyOn)
+{
+    RawConnection connection(s_server->Administrator());
+    EXPECT_EQ(connection.Text("SELECT @@lower_case_table_names"), "1");
+    EXPECT_EQ(connection.Text("SELECT @@local_infile"), "1");
+    EXPECT_EQ(connection.Text("SELECT @@general_log"), "1");
+    EXPECT_EQ(connection.Text("SELECT @@max_allowed_packet"), "67108864");
+}
+
+TEST_F(OwnServer, LetsTheTesterUseItsOwnDatabasesOnly)
+{
+    RawConnection tester(s_server->Tester());
+    EXPECT_EQ(tester.ErrorOf("CREATE DATABASE other"), 1044U);
+    EXPECT_EQ(tester.ErrorOf("CREATE DATABASE mydbx"), 1044U);
+    RawConnection stranger(s_server->Administrator());
+    EXPECT_EQ(tester.Text("SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE ID = " +
+                          std::to_string(stranger.ThreadId())),
+              "0");
+}
+
+TEST_F(OwnServer, GivesTheAdministratorEveryPrivilege)
+{
+    RawConnection connection(s_server->Administrator());
+    EXPECT_EQ(connection.Text("SELECT SUBSTRING_INDEX(CURRENT_USER(), '@', 1)"), "vela_root");
+    const std::vector<std::string> grants = connection.Column("SHOW GRANTS");
+    ASSERT_FALSE(grants.empty());
+    EXPECT_TRUE(grants[0].starts_with("GRANT ALL PRIVILEGES ON *.* TO ")) << grants[0];
+    EXPECT_TRUE(grants[0].ends_with(" WITH GRANT OPTION")) << grants[0];
+}
+
+TEST_F(OwnServer, TakesOptions)
 {
     EXPECT_EQ(RawConnection(s_server->Tester()).Text("SELECT @@max_connections"), "17");
 }
 
-TEST_F(StoppableServer, IsAnotherServerThanTheSharedOne)
+TEST_F(OwnServer, IsAnotherServerThanTheSharedOne)
 {
     EXPECT_NE(s_server->Tester().port, PrivateServer::Get().Tester().port);
 }
 
-TEST_F(StoppableServer, KeepsItsDataAndItsPlaceOverARestart)
+TEST_F(OwnServer, KeepsItsDataAndItsPlaceOverARestart)
 {
     const unsigned int port = s_server->Tester().port;
     TemporaryDatabase database(s_server->Administrator(), s_server->Tester());
@@ -327,7 +350,7 @@ TEST_F(StoppableServer, KeepsItsDataAndItsPlaceOverARestart)
     EXPECT_EQ(RawConnection(s_server->Tester(), database.Name()).Text("SELECT a FROM t"), "42");
 }
 
-TEST_F(StoppableServer, RefusesConnectionsWhileItIsStopped)
+TEST_F(OwnServer, RefusesConnectionsWhileItIsStopped)
 {
     s_server->Stop();
     EXPECT_THROW(RawConnection connection(s_server->Tester()), SqlError);
@@ -335,7 +358,7 @@ TEST_F(StoppableServer, RefusesConnectionsWhileItIsStopped)
     EXPECT_EQ(RawConnection(s_server->Tester()).ErrorOf("DO 1"), 0U);
 }
 
-TEST_F(StoppableServer, CutsItsConnectionsWhenItIsKilled)
+TEST_F(OwnServer, CutsItsConnectionsWhenItIsKilled)
 {
     RawConnection connection(s_server->Tester());
     s_server->Kill();
@@ -345,14 +368,14 @@ TEST_F(StoppableServer, CutsItsConnectionsWhenItIsKilled)
     EXPECT_EQ(RawConnection(s_server->Tester()).ErrorOf("DO 1"), 0U);
 }
 
-TEST_F(StoppableServer, KillsAConnectionOfThatServer)
+TEST_F(OwnServer, KillsAConnectionOfThatServer)
 {
     RawConnection victim(s_server->Tester());
     harness::KillConnection(s_server->Administrator(), victim.ThreadId());
     EXPECT_NE(victim.ErrorOf("DO 1"), 0U);
 }
 
-TEST_F(StoppableServer, HasALogOfItsOwn)
+TEST_F(OwnServer, HasALogOfItsOwn)
 {
     GeneralLog log(s_server->GeneralLogFile());
     RawConnection connection(s_server->Tester());

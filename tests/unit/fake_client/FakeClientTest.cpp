@@ -71,15 +71,6 @@ TEST_F(FakeClient, SetsTheReconnectMemberThroughTheOption)
     mysql_close(handle);
 }
 
-TEST_F(FakeClient, SetsTheReconnectMemberThroughTheVariadicOption)
-{
-    MYSQL* handle = mysql_init(nullptr);
-    const my_bool on = 1;
-    EXPECT_EQ(mysql_optionsv(handle, MYSQL_OPT_RECONNECT, &on), 0);
-    EXPECT_EQ(handle->options.reconnect, 1);
-    mysql_close(handle);
-}
-
 TEST_F(FakeClient, AnswersByText)
 {
     m_client.On("A", Reply::Ok(1));
@@ -300,6 +291,33 @@ TEST_F(FakeClient, LosesEveryConnectionButNotThoseOfLater)
     EXPECT_EQ(Send(later, "A"), 0);
     mysql_close(lost);
     mysql_close(later);
+}
+
+TEST_F(FakeClient, FailsToStoreRowsWhenTheConnectionIsLost)
+{
+    m_client.On("rows", Reply::Rows({"A"}, {{"1"}}));
+    MYSQL* handle = Connected();
+    Send(handle, "rows");
+    m_client.LoseConnection();
+    EXPECT_EQ(mysql_store_result(handle), nullptr);
+    EXPECT_EQ(mysql_errno(handle), 2013U);
+    mysql_close(handle);
+}
+
+TEST_F(FakeClient, GivesADefaultInAListingOnly)
+{
+    const fake::Field field{.name = "A", .def = "x"};
+    m_client.On("rows", Reply::Rows({field}, {}));
+    m_client.OnListFields("T", {field});
+    MYSQL* handle = Connected();
+    Send(handle, "rows");
+    MYSQL_RES* rows = mysql_store_result(handle);
+    MYSQL_RES* listing = mysql_list_fields(handle, "T", nullptr);
+    EXPECT_EQ(mysql_fetch_fields(rows)[0].def, nullptr);
+    EXPECT_STREQ(mysql_fetch_fields(listing)[0].def, "x");
+    mysql_free_result(rows);
+    mysql_free_result(listing);
+    mysql_close(handle);
 }
 
 TEST_F(FakeClient, CutsAStreamWhenTheConnectionIsLost)
