@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Builds the library alone, installs it into an empty prefix and uses it from outside in three ways.
-# usage: run.sh SOURCE_DIR CMAKE CXX GENERATOR
+# usage: run.sh SOURCE_DIR CMAKE CXX GENERATOR CLIENT_INCLUDE_DIR
 set -euo pipefail
 
-source_dir=$1 cmake=$2 cxx=$3 generator=$4
+source_dir=$1 cmake=$2 cxx=$3 generator=$4 client_include=$5
 app=$source_dir/tests/consumer/app
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -30,6 +30,10 @@ build "$work/library"
 library=$(find "$prefix" -name libmydb.so)
 [ -n "$library" ] || { echo "libmydb.so was not installed"; exit 1; }
 readelf -d "$library" | grep -q 'SONAME.*libmydb\.so\.[0-9]\+\]' || { echo "libmydb.so has no SONAME with a version"; exit 1; }
+
+say "every installed header, from the installed tree alone"
+(cd "$prefix/include/mydb" && find . -name '*.h' | sed 's|^\./\(.*\)|#include "\1"|') >"$work/headers.cpp"
+"$cxx" -std=c++20 -fsyntax-only -I"$prefix/include/mydb" -I"$client_include" "$work/headers.cpp"
 
 say "find_package"
 configure "$app" "$work/found" -DCMAKE_PREFIX_PATH="$prefix"
