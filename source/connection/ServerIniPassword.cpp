@@ -1,0 +1,52 @@
+#include "connection/ServerIniPassword.h"
+
+#include "connection/CDES.h"
+
+namespace {
+
+constexpr std::size_t digitsPerBlock = 2 * CDES::blockSize;
+
+std::uint8_t DigitValue(char digit) noexcept
+{
+    if (digit >= '0' && digit <= '9')
+        return static_cast<std::uint8_t>(digit - '0');
+    if (digit >= 'A' && digit <= 'F')
+        return static_cast<std::uint8_t>(digit - 'A' + 10);
+    // KEPT K-73: lower-case hexadecimal digits count as 0, like everything that is no digit.
+    return 0;
+}
+
+CDES::Block BlockFromHex(std::string_view digits) noexcept
+{
+    CDES::Block block{};
+    for (std::size_t index = 0; index < block.size(); ++index)
+        block[index] =
+            static_cast<std::uint8_t>(DigitValue(digits[2 * index]) << 4 | DigitValue(digits[2 * index + 1]));
+    return block;
+}
+
+void AppendUnchained(const CDES::Block& deciphered, const CDES::Block& chain, UtCString& password)
+{
+    for (std::size_t index = 0; index < deciphered.size(); ++index) {
+        const auto byte = static_cast<char>(deciphered[index] ^ chain[index]);
+        if (byte != '\0')
+            password += byte;
+    }
+}
+
+} // namespace
+
+UtCString connection::DecipherPassword(std::string_view hex)
+{
+    UtCString password(UT_ENCODING_DEFAULT);
+    if (hex.size() % digitsPerBlock != 0)
+        return password;
+    const CDES cipher;
+    CDES::Block chain{};
+    for (std::size_t start = 0; start < hex.size(); start += digitsPerBlock) {
+        const CDES::Block block = BlockFromHex(hex.substr(start, digitsPerBlock));
+        AppendUnchained(cipher.Transform(block, CDES::Mode::Decrypt), chain, password);
+        chain = block;
+    }
+    return password;
+}
