@@ -4,42 +4,85 @@
 #include "framework/CObject.h"
 #include "text/UtCString.h"
 
+/// The settings that say which server to talk to, as whom, in which encoding, and where the server keeps its files. A
+/// value: copied and assigned freely, every CMyDatabase holds a copy of its own.
+///
+/// The setters take any text and talk to nobody; whether the settings serve to connect is first known by IsValid and
+/// then by an Open or TestConnect. No exception leaves a member.
 class MYDB_EXPORT CMyServer : public CObject
 {
     DECLARE_DYNAMIC(CMyServer)
 public:
+    /// User "vela_root", encoding 256, connects allowed; everything else empty, the port 0. Not valid before host and
+    /// port are set.
     CMyServer();
-    explicit CMyServer(const UtCString& iniFile);
-    CMyServer(const CMyServer& other);
-    ~CMyServer() override;
-    CMyServer& operator=(const CMyServer& other);
-    bool operator==(const CMyServer& other) const;
-    bool operator!=(const CMyServer& other) const;
 
+    /// As above, then LoadServerINI(iniFile). Whether that succeeded shows in IsValid.
+    explicit CMyServer(const UtCString& iniFile);
+
+    CMyServer(const CMyServer& other); ///< All members.
+    ~CMyServer() override;
+    CMyServer& operator=(const CMyServer& other); ///< All members.
+
+    /// Whether both name the same server: equal hosts, whatever the letter case, and equal ports. Kept: user, password,
+    /// alias, charset and directories play no part; compare those that matter by their getters.
+    bool operator==(const CMyServer& other) const;
+    bool operator!=(const CMyServer& other) const; ///< The negation of ==.
+
+    /// What the settings file says about connecting; true without one. Advice to the host only: Open does not ask it.
     bool IsConnectAllowed() const;
-    const UtCString& GetHost() const;
+
+    // The getters give references that are valid as long as this object; a later setter changes what they refer to.
+    // Host, user and password go to the client byte for byte, so give them in ASCII or UTF-8.
+
+    const UtCString& GetHost() const; ///< Name or address of the server's machine.
     void SetHost(const UtCString& host);
-    const UtCString& GetAlias() const;
+    const UtCString& GetAlias() const; ///< A name for people; not used to connect.
     void SetAlias(const UtCString& alias);
-    unsigned long GetPort() const;
-    void SetPort(unsigned long port);
-    const UtCString& GetUser() const;
+    unsigned long GetPort() const;    ///< The TCP port; 0: not set, which makes the settings invalid.
+    void SetPort(unsigned long port); ///< A number beyond 32 bits counts as 0.
+    const UtCString& GetUser() const; ///< The account, as set. CMyDatabase lower-cases it and replaces "root".
     void SetUser(const UtCString& user);
-    const UtCString& GetPassword() const;
+    const UtCString& GetPassword() const; ///< In plain text.
     void SetPassword(const UtCString& password);
+
+    /// The name of the character set as given to SetCharset. Kept: it is not requested from the server; it only decides
+    /// GetEncodingType.
     const UtCString& GetCharset() const;
+
+    /// Stores the name and derives the encoding in which statements are sent and texts are tagged: "utf8mb4" and "utf8"
+    /// give 65001, "utf16" and "ucs2" give 1201 (the byte order in which the server sends them), "utf16le" gives 1200,
+    /// everything else 256. The names are compared exactly: "UTF8" gives 256.
+    /// Statements cannot be sent in UTF-16; see CMyDatabase::ExecuteQuery.
     void SetCharset(const UtCString& charset);
-    eUtEncodingType GetEncodingType() const;
-    const UtCString& GetMySQLProgramDir() const;
+    eUtEncodingType GetEncodingType() const; ///< 256, 1200, 1201 or 65001; see SetCharset.
+
+    // The directories are paths on the server's machine, with "\" on every system. Stored ones are empty or end in
+    // exactly one "\": the setters cut backslashes and blanks off the end and append one.
+
+    const UtCString& GetMySQLProgramDir() const; ///< Where the server's programs are.
+    /// False when nothing is left but the empty path, which is stored then. Kept: true for a path that equals the
+    /// stored one exactly, so also for an empty path where none is stored; ask GetMySQLProgramDir().IsEmpty().
     bool SetMySQLProgramDir(const UtCString& dir);
-    const UtCString& GetDataDir() const;
-    bool SetDataDir(const UtCString& dir);
-    const UtCString& GetServerINIFileName() const;
+    const UtCString& GetDataDir() const;   ///< Where the server keeps its databases.
+    bool SetDataDir(const UtCString& dir); ///< As SetMySQLProgramDir.
+
+    const UtCString& GetServerINIFileName() const; ///< The settings file that was loaded; empty without one.
     UtCString GetServerINIDir() const;
 
+    /// Whether there is enough to connect: a host, a user and a port. Password, charset and directories may be missing.
     bool IsValid() const;
+
     bool LoadServerINI(const UtCString& fileOrDir);
+
+    /// Whether a connection can be made with these settings: opens one without database and closes it again. `root` is
+    /// replaced as in CMyDatabase, and a failed attempt counts towards the limit of MyDbSetMaxTryConnect.
+    ///
+    /// `interactive` shows a message box on failure. `errorCode` and `errorMessage` (each may be null) receive what
+    /// CMyDatabase::GetErrorCode and GetErrorMessage say after the attempt: 0 and "Kein Fehler!" on success. Invalid
+    /// settings give false at once and leave both untouched.
     bool TestConnect(bool interactive, unsigned long* errorCode, UtCString* errorMessage);
+
     bool ExistDatabase(const UtCString& name) const;
 
 private:

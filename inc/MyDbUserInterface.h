@@ -19,15 +19,27 @@ enum eMyDbMessageAnswer : int
     MYDB_ANSWER_NO = 7
 };
 
-/// What the library shows to a person. A host may derive from it and replace the default one.
+/// What the library shows to a person. A host may derive from it and put its own one in place of the default.
+///
+/// The default one shows message boxes on Windows. Elsewhere it writes the text to standard error, in the terminal's
+/// encoding, answers OK, and answers No to a question, so that nothing is done that nobody agreed to; waiting shows
+/// nothing.
+///
+/// The members are called by the thread that called the library, in the middle of that call. An exception that leaves
+/// one makes the library's call fail. A member may use other connections, but not the one at work.
 class MYDB_EXPORT MyDbUserInterface
 {
 public:
     virtual ~MyDbUserInterface() = default;
+
+    /// Shows a text, with line feeds between its lines, and gives the answer. The text carries its encoding: 256 for
+    /// the library's own German texts, UTF-8 where a statement or the server's words are part of it.
     virtual int ShowMessage(const UtCString& text, unsigned int type) = 0;
-    virtual void BeginWait() = 0;
-    virtual void EndWait() = 0;
+
+    virtual void BeginWait() = 0; ///< Something long begins. Calls come in pairs and may be nested.
+    virtual void EndWait() = 0;   ///< It has ended.
 };
 
-/// Replaces the user interface (null: the platform's default) and returns the previous one. Not owned.
+/// Replaces the user interface (null: the platform's default) and returns the previous one (null: it was the default).
+/// Not owned: it must stay alive until it is replaced.
 MYDB_EXPORT MyDbUserInterface* MyDbSetUserInterface(MyDbUserInterface* userInterface) noexcept;
