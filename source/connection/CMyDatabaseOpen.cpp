@@ -80,6 +80,7 @@ bool CMyDatabase::FinishOpen(bool interactive)
 
 void CMyDatabase::FailOpen(bool interactive)
 {
+    // KEPT K-16: no attempt means no error of the client: code 0 and "Kein Fehler!" when the limit has been reached.
     m_errorCode = client::ErrorNumber(m_handle);
     m_errorMessage = client::ErrorText(m_handle);
     if (interactive) {

@@ -21,6 +21,7 @@ eUtEncodingType EncodingOfCharsetName(const UtCString& charset)
 /// Stored directories end in exactly one backslash or are empty.
 bool StoreDirectory(const UtCString& dir, UtCString& stored)
 {
+    // KEPT K-15: so an empty path is a success where none is stored, and a failure otherwise.
     if (dir == stored)
         return true;
     stored = dir.trimRight("\\ ");
@@ -50,6 +51,7 @@ CMyServer& CMyServer::operator=(const CMyServer&) = default;
 
 bool CMyServer::operator==(const CMyServer& other) const
 {
+    // KEPT K-14: nothing but the end-point counts, neither the account nor the charset.
     return m_host.EqualNoCase(other.m_host) && m_port == other.m_port;
 }
 

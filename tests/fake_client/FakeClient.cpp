@@ -164,6 +164,11 @@ void Client::Succeed(Call call)
     m_state->failAlways.erase(call);
 }
 
+void Client::SetQueryFailureResult(int result)
+{
+    m_state->queryFailureResult = result;
+}
+
 void Client::FailCall(size_t number, unsigned int code, std::string text)
 {
     m_state->counting = true;

@@ -126,6 +126,9 @@ public:
     /// Fails every call of this kind until Succeed(call) (a server that is down: FailAlways(Call::Connect, 2002)).
     void FailAlways(Call call, unsigned int code, std::string text = {});
     void Succeed(Call call); ///< drops the FailNext and FailAlways orders of this kind
+    /// What a failing mysql_real_query returns from now on, 1 at first. The real client gives 1 or -1, but any number
+    /// other than 0 is allowed.
+    void SetQueryFailureResult(int result);
     /// Numbers the fallible calls from 1, starting now, and fails the n-th only. 0 counts without failing any.
     void FailCall(size_t number, unsigned int code = 0, std::string text = {});
     /// As FailCall, but every later call fails as well.

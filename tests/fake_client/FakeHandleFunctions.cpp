@@ -67,7 +67,7 @@ int FailQuery(MYSQL* handle, unsigned int code, const std::string& text)
 {
     SetError(handle, code, text);
     handle->insert_id = 0;
-    return 1;
+    return State::Get().queryFailureResult;
 }
 
 int RunStatement(MYSQL* handle, HandleState& state, const std::string& statement)
@@ -256,7 +256,7 @@ int STDCALL mysql_real_query(MYSQL* handle, const char* statement, unsigned long
     state.Record("mysql_real_query", handle, text);
     connection.reply = {}; // rows that were not fetched are out of reach, although they still block the handle
     if (!fake::BeginCommand(handle, connection, Call::Query, text)) {
-        return 1;
+        return state.queryFailureResult;
     }
     return fake::RunStatement(handle, connection, text);
 }

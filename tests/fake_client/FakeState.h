@@ -95,6 +95,7 @@ struct State
     Failure failCall;
     size_t countedCalls = 0;
     size_t callLimit = 0;
+    int queryFailureResult = 1;
     std::vector<FailedCall> failedCalls;
 
     // Records

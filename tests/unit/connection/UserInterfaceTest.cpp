@@ -1,0 +1,71 @@
+#include "connection/UserInterface.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class Silent final : public MyDbUserInterface
+{
+public:
+    int ShowMessage(const UtCString&, unsigned int) override { return 42; }
+    void BeginWait() override {}
+    void EndWait() override {}
+};
+
+TEST(MyDbSetUserInterface, ReturnsThePreviousOneAndNullForTheDefault)
+{
+    Silent first;
+    Silent second;
+    EXPECT_EQ(MyDbSetUserInterface(&first), nullptr);
+    EXPECT_EQ(MyDbSetUserInterface(&second), &first);
+    EXPECT_EQ(MyDbSetUserInterface(nullptr), &second);
+    EXPECT_EQ(MyDbSetUserInterface(nullptr), nullptr);
+}
+
+TEST(MyDbSetUserInterface, PutsTheHostsOwnInForce)
+{
+    Silent own;
+    MyDbSetUserInterface(&own);
+    EXPECT_EQ(&connection::UserInterface(), &own);
+    EXPECT_EQ(connection::UserInterface().ShowMessage("text", MYDB_MESSAGE_ERROR), 42);
+    MyDbSetUserInterface(nullptr);
+    EXPECT_NE(&connection::UserInterface(), &own);
+}
+
+int AnswerOfTheDefault(unsigned int type)
+{
+    testing::internal::CaptureStderr();
+    const int answer = connection::UserInterface().ShowMessage("text", type);
+    testing::internal::GetCapturedStderr();
+    return answer;
+}
+
+TEST(DefaultUserInterface, WritesTheTextToStandardError)
+{
+    testing::internal::CaptureStderr();
+    connection::UserInterface().ShowMessage("first line\nsecond line", MYDB_MESSAGE_ERROR);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "first line\nsecond line\n");
+}
+
+TEST(DefaultUserInterface, AnswersOkToAMessage)
+{
+    EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_ERROR), MYDB_ANSWER_OK);
+    EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_INFORMATION), MYDB_ANSWER_OK);
+    EXPECT_EQ(AnswerOfTheDefault(0), MYDB_ANSWER_OK);
+}
+
+TEST(DefaultUserInterface, AnswersNoToAQuestion)
+{
+    EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_QUESTION_YESNO), MYDB_ANSWER_NO);
+    EXPECT_EQ(AnswerOfTheDefault(4), MYDB_ANSWER_NO);
+}
+
+TEST(DefaultUserInterface, ShowsNothingWhileWaiting)
+{
+    testing::internal::CaptureStderr();
+    connection::UserInterface().BeginWait();
+    connection::UserInterface().EndWait();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+} // namespace
