@@ -90,13 +90,6 @@ public:
         }
     }
 
-    /// The end of a line, also of the last one when nothing ends it.
-    void EndLine() noexcept
-    {
-        m_isOver = m_isOver || m_isFound;
-        m_state = State::LineStart;
-    }
-
     bool IsOver() const noexcept { return m_isOver; }
     bool IsFound() const noexcept { return m_isFound; }
     std::string_view Value() const noexcept { return m_text.Unquoted(); }
@@ -125,6 +118,12 @@ private:
             EndKey();
         else if (m_state != State::Rest)
             m_text.Add(character);
+    }
+
+    void EndLine() noexcept
+    {
+        m_isOver = m_isOver || m_isFound;
+        m_state = State::LineStart;
     }
 
     void StartLine(char character) noexcept
@@ -245,7 +244,6 @@ void SearchFile(const RegularFile& file, EntrySearch& search) noexcept
         begin = 0;
         size = file.Read(buffer, sizeof buffer);
     }
-    search.EndLine();
 }
 
 } // namespace

@@ -122,8 +122,8 @@ const FileCase fileCases[] = {
      "4"sv,
      "3"},
     {"Utf16BecomesWindows1252",
-     "\xFF\xFE[\0S\0Q\0L\0-\0S\0e\0r\0v\0e\0r\0]\0\n\0P\0o\0r\0t\0=\0\xE4\x00\xAC\x20\x54\x01\x14\x20\xFF\x00\n\0"sv,
-     "\xE4\x80?\x97\xFF"},
+     "\xFF\xFE[\0S\0Q\0L\0-\0S\0e\0r\0v\0e\0r\0]\0\n\0P\0o\0r\0t\0=\0\xE4\x00\xAC\x20\x54\x01\x14\x20\xFF\x00\xA0\x00x\0\n\0"sv,
+     "\xE4\x80?\x97\xFF\xA0x"},
     {"Utf16CharactersWithoutAPlace",
      "\xFF\xFE[\0S\0Q\0L\0-\0S\0e\0r\0v\0e\0r\0]\0\n\0P\0o\0r\0t\0=\0\x00\x01\x3D\xD8\x00\xDE\x85\x00x\0\n\0"sv,
      "????x"},
@@ -161,6 +161,21 @@ TEST(ReadIniValue, IgnoresTheLetterCaseOfWhatIsAskedFor)
 {
     const IniFolder folder;
     EXPECT_EQ(Read(folder.Write("[SQL-Server]\nPort=3306\n"), "sql-server", "PORT"), "3306");
+}
+
+TEST(ReadIniValue, IgnoresTheCaseOfLettersOnly)
+{
+    const IniFolder folder;
+    const std::string path = folder.Write("[AZaz]\n`=1\n@=2\nAZBY=3\n\xC4=4\n\xE4=5\n");
+    EXPECT_EQ(Read(path, "azAZ", "@"), "2");
+    EXPECT_EQ(Read(path, "azAZ", "azby"), "3");
+    EXPECT_EQ(Read(path, "azAZ", "\xE4"), "5");
+}
+
+TEST(ReadIniValue, FindsNoKeyInAComment)
+{
+    const IniFolder folder;
+    EXPECT_EQ(Read(folder.Write("[SQL-Server]\n;Port=1\n"), "SQL-Server", ";Port"), "default");
 }
 
 TEST(ReadIniValue, CutsAValueTo255Bytes)
@@ -202,6 +217,7 @@ TEST(ReadIniValue, FindsNoNameOfMoreThan256Bytes)
     const std::string path = folder.Write("[" + longName + "]\n" + longName + "=1\nk=2\n");
     EXPECT_EQ(Read(path, longName.c_str(), "k"), "default");
     EXPECT_EQ(Read(folder.Write("[s]\n" + longName + "=1\nk=2\n"), "s", longName.c_str()), "default");
+    EXPECT_EQ(Read(folder.Write("[s]\n" + longName + "=1\n"), "s", std::string(256, 'k').c_str()), "default");
 }
 
 TEST(ReadIniValue, ReadsANameOf256Bytes)
