@@ -116,6 +116,17 @@ public:
     /// Whether anybody else works on this database: CountUsersOnThisDatabase(true) gives more than 0.
     bool IsDatabaseInUse();
 
+    /// How many of the server's threads have this database as their current one, names compared ignoring letter case;
+    /// with `ignoreOwnUser` without those of this connection's user, this connection and other programs under the same
+    /// name included. Threads are counted, not people: a program with two connections counts twice.
+    ///
+    /// Opens this connection when it is closed, and for the question a second one as "vela_root" with the password of
+    /// this one, which is closed again. Changes nothing else of this object. A statement that fails there is shown in a
+    /// message box.
+    ///
+    /// 0 also when one of the connections cannot be made or the statement fails. Kept: so it is when "vela_root" cannot
+    /// log in, and without the PROCESS privilege its own threads are all that is counted; nothing tells. Kept: without a
+    /// database name the threads without a database are counted, the one of the question included.
     long CountUsersOnThisDatabase(bool ignoreOwnUser);
     bool ExistTable(const UtCString& tableName);
 

@@ -67,12 +67,33 @@ public:
     const UtCString& GetDataDir() const;   ///< Where the server keeps its databases.
     bool SetDataDir(const UtCString& dir); ///< As SetMySQLProgramDir.
 
-    const UtCString& GetServerINIFileName() const; ///< The settings file that was loaded; empty without one.
+    /// The path of the settings file that the last LoadServerINI found; empty when it found none. Written as it was
+    /// given, with "\Server.ini" behind a folder.
+    const UtCString& GetServerINIFileName() const;
+
+    /// The folder of that file with the final backslash: everything up to and including the last backslash of the path.
+    /// Kept: a path without a backslash, "/etc/mydb/Server.ini" included, comes back whole.
     UtCString GetServerINIDir() const;
 
     /// Whether there is enough to connect: a host, a user and a port. Password, charset and directories may be missing.
     bool IsValid() const;
 
+    /// Replaces all settings by those of a settings file; docs/server-ini.md describes its keys and how it is read.
+    ///
+    /// A path that ends in ".ini" (any letter case) is the file, any other one the folder of a "Server.ini"; backslashes
+    /// and blanks at its end are dropped. The argument may be a member of this object.
+    ///
+    /// The result is that of IsValid afterwards. False also:
+    /// - for an empty path: nothing changes;
+    /// - when no file is there, or the path has only backslashes and blanks: every setting is empty or 0, connecting is
+    ///   allowed, the encoding is 256. Kept: the user is empty as well, not "vela_root";
+    /// - when the file cannot be read or names no port: every key that was not found has its default, and the file name
+    ///   is stored.
+    ///
+    /// The password is deciphered; one that is malformed becomes empty, without an error. Kept: lower-case digits in it
+    /// count as 0; the program directory is stored as read, without the backslash that SetMySQLProgramDir appends; an
+    /// alias that contains "::" and the port's digits is taken as it is, "Main::33060" for the port 3306 too; a UTF-8
+    /// byte-order mark hides the first line of the file.
     bool LoadServerINI(const UtCString& fileOrDir);
 
     /// Whether a connection can be made with these settings: opens one without database and closes it again. `root` is
@@ -83,6 +104,12 @@ public:
     /// settings give false at once and leave both untouched.
     bool TestConnect(bool interactive, unsigned long* errorCode, UtCString* errorMessage);
 
+    /// Whether a server has a database of this name, whatever the letter case. The server is not this one, but that of a
+    /// settings file which the name carries in front: "C:\cfg::kalk" asks the server of "C:\cfg\Server.ini". Kept: a
+    /// plain name asks that of "\Server.ini" in the root of the current drive, so it is false where no such file is.
+    ///
+    /// False also for an empty name and when the settings cannot be loaded, the connection cannot be made or the
+    /// statement fails. One connection of its own and one statement; this object does not change.
     bool ExistDatabase(const UtCString& name) const;
 
 private:
