@@ -5,24 +5,39 @@
 #include <initializer_list>
 #include <vector>
 
-/// An ordered list of texts, addressed by zero-based position.
+/// An ordered list of texts, addressed by zero-based position. Each text keeps its encoding.
+///
+/// No operation throws. When memory runs out, an addition leaves the list unchanged, and a new list or one that was to be
+/// assigned to is empty.
 class MYDB_EXPORT UtCStringList
 {
 public:
     UtCStringList() = default;
-    explicit UtCStringList(const UtCString& text);
-    UtCStringList(std::initializer_list<UtCString> texts);
+    explicit UtCStringList(const UtCString& text) noexcept;
+    UtCStringList(std::initializer_list<UtCString> texts) noexcept;
+    UtCStringList(const UtCStringList& other) noexcept;
+    UtCStringList(UtCStringList&& other) noexcept = default;
+    ~UtCStringList() = default;
+    UtCStringList& operator=(const UtCStringList& other) noexcept;
+    UtCStringList& operator=(UtCStringList&& other) noexcept = default;
 
-    void Add(const UtCString& text);
-    void AddList(const UtCStringList& list);
-    void Remove(int position);
-    void Clear();
-    UtCString& item(int position);             ///< out of range: a spare empty text
-    const UtCString& item(int position) const;
+    bool Add(const UtCString& text) noexcept; ///< appends a copy; false when memory ran out
+    /// Appends copies of all items, in order; the list itself is allowed. False when memory ran out.
+    bool AddList(const UtCStringList& list) noexcept;
+    void Remove(int position) noexcept; ///< out of range: changes nothing
+    void Clear() noexcept;
+    /// The item at `position`, valid until the list changes; out of range: a spare text, empty each time it is handed out.
+    UtCString& item(int position) noexcept;
+    const UtCString& item(int position) const noexcept;
     int GetCount() const noexcept;
-    void Concatenate(const UtCString& separator, UtCString& out) const;
+    /// Replaces `out` by all items with `separator` between them, in the encoding that `out` has. No item gives the empty
+    /// text. `out` may be an item or the separator.
+    void Concatenate(const UtCString& separator, UtCString& out) const noexcept;
 
 private:
+    bool Holds(int position) const noexcept;
+    UtCString& Spare() const noexcept;
+
     std::vector<UtCString> m_items;
-    UtCString m_spare;
+    mutable UtCString m_spare;
 };

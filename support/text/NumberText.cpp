@@ -1,0 +1,201 @@
+#include "text/NumberText.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace text {
+
+namespace {
+
+constexpr bool IsBlank(char c) noexcept
+{
+    return c == ' ' || c == '\t';
+}
+
+constexpr bool IsDigit(char c) noexcept
+{
+    return c >= '0' && c <= '9';
+}
+
+std::string_view WithoutBlanks(std::string_view text) noexcept
+{
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// The digits of a number of so few that their value cannot overflow; false for any other text.
+template <typename Unsigned> bool ParseFewDigits(const char* at, const char* end, Unsigned& value) noexcept
+{
+    if (at == end || end - at > std::numeric_limits<Unsigned>::digits10)
+        return false;
+    Unsigned result = 0;
+    for (; at != end; ++at) {
+        const unsigned digit = static_cast<unsigned char>(*at) - static_cast<unsigned>('0');
+        if (digit > 9)
+            return false;
+        result = result * 10 + digit;
+    }
+    value = result;
+    return true;
+}
+
+template <typename T> bool ParseCarefully(std::string_view text, T& value) noexcept
+{
+    text = WithoutBlanks(text);
+    if (!text.empty() && text.front() == '+') {
+        text.remove_prefix(1);
+        if (text.empty() || text.front() == '-')
+            return false;
+    }
+    const char* const end = text.data() + text.size();
+    T result;
+    const auto parsed = std::from_chars(text.data(), end, result);
+    if (parsed.ec != std::errc() || parsed.ptr != end)
+        return false;
+    value = result;
+    return true;
+}
+
+template <typename T> bool ParseInteger(std::string_view text, T& value) noexcept
+{
+    using Unsigned = std::make_unsigned_t<T>;
+    const char* const end = text.data() + text.size();
+    const bool isNegative = std::is_signed_v<T> && !text.empty() && text.front() == '-';
+    Unsigned magnitude;
+    if (!ParseFewDigits(text.data() + isNegative, end, magnitude))
+        return ParseCarefully(text, value);
+    value = static_cast<T>(isNegative ? 0 - magnitude : magnitude);
+    return true;
+}
+
+// --- Floating point
+
+/// The largest power of ten and the largest integer that T holds exactly: a quotient or product of two such numbers is
+/// rounded once and therefore correctly.
+template <typename T> struct Exact;
+template <> struct Exact<double>
+{
+    static constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                        1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    static constexpr uint64_t largest = uint64_t{1} << 53;
+};
+template <> struct Exact<float>
+{
+    static constexpr float powers[] = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
+    static constexpr uint64_t largest = uint64_t{1} << 24;
+};
+
+/// Digits with at most one point and no exponent, exactly representable; false for any other text.
+template <typename T> bool ParsePlain(const char* at, const char* end, T& value) noexcept
+{
+    if (FLT_EVAL_METHOD != 0 || end - at > 19)
+        return false;
+    uint64_t digits = 0;
+    const char* point = nullptr;
+    const char* const begin = at;
+    for (; at != end; ++at) {
+        const unsigned digit = static_cast<unsigned char>(*at) - static_cast<unsigned>('0');
+        if (digit <= 9)
+            digits = digits * 10 + digit;
+        else if (*at == '.' && point == nullptr)
+            point = at;
+        else
+            return false;
+    }
+    const auto decimals = static_cast<size_t>(point == nullptr ? 0 : end - point - 1);
+    const bool hasDigit = end - begin > (point == nullptr ? 0 : 1);
+    if (!hasDigit || digits > Exact<T>::largest || decimals >= std::size(Exact<T>::powers))
+        return false;
+    value = static_cast<T>(digits) / Exact<T>::powers[decimals];
+    return true;
+}
+
+/// Whether the magnitude of a well-formed decimal text is 1 or more. The exponent saturates: a text as long as it would
+/// take to outweigh that does not fit into memory.
+bool IsLarge(std::string_view text) noexcept
+{
+    const size_t exponentAt = std::min(text.find_first_of("eE"), text.size());
+    const std::string_view digits = text.substr(0, exponentAt);
+    const size_t first = digits.find_first_of("123456789");
+    if (first == std::string_view::npos)
+        return false;
+    const auto point = static_cast<int64_t>(std::min(digits.find('.'), digits.size()));
+    const bool isBehindPoint = static_cast<int64_t>(first) > point;
+    const int64_t place = point - static_cast<int64_t>(first) - (isBehindPoint ? 0 : 1);
+    const bool isNegative = text.substr(exponentAt).find('-') != std::string_view::npos;
+    int64_t exponent = 0;
+    for (char c : text.substr(exponentAt))
+        if (IsDigit(c))
+            exponent = std::min<int64_t>(exponent * 10 + (c - '0'), INT64_MAX / 100);
+    return place + (isNegative ? -exponent : exponent) >= 0;
+}
+
+/// The number without sign, which starts with a digit or a point.
+template <typename T> bool ParseUnsigned(std::string_view text, T& value) noexcept
+{
+    const char* const end = text.data() + text.size();
+    T result = 0;
+    const auto parsed = std::from_chars(text.data(), end, result);
+    if (parsed.ptr != end || parsed.ec == std::errc::invalid_argument)
+        return false;
+    const bool isOut = parsed.ec == std::errc::result_out_of_range || std::isinf(result);
+    if (isOut && IsLarge(text))
+        return false;
+    value = isOut ? T(0) : result;
+    return true;
+}
+
+template <typename T> bool ParseReal(std::string_view text, T& value) noexcept
+{
+    const char* at = text.data();
+    const bool isNegativeAtOnce = !text.empty() && *at == '-';
+    T result;
+    if (ParsePlain(at + isNegativeAtOnce, at + text.size(), result)) {
+        value = isNegativeAtOnce ? -result : result;
+        return true;
+    }
+    text = WithoutBlanks(text);
+    const bool isNegative = !text.empty() && text.front() == '-';
+    if (isNegative || (!text.empty() && text.front() == '+'))
+        text.remove_prefix(1);
+    if (text.empty() || (!IsDigit(text.front()) && text.front() != '.') || !ParseUnsigned(text, result))
+        return false;
+    value = isNegative ? -result : result;
+    return true;
+}
+
+} // namespace
+
+bool ParseInt32(std::string_view text, int32_t& value) noexcept
+{
+    return ParseInteger(text, value);
+}
+
+bool ParseUInt32(std::string_view text, uint32_t& value) noexcept
+{
+    return ParseInteger(text, value);
+}
+
+bool ParseInt64(std::string_view text, int64_t& value) noexcept
+{
+    return ParseInteger(text, value);
+}
+
+bool ParseDouble(std::string_view text, double& value) noexcept
+{
+    return ParseReal(text, value);
+}
+
+bool ParseFloat(std::string_view text, float& value) noexcept
+{
+    return ParseReal(text, value);
+}
+
+} // namespace text

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "text/UtCString.h"
+
+#include <string_view>
+#include <utility>
+
+namespace text {
+
+/// Builds a text out of pieces: all of them or, when memory runs out, the empty text.
+class TextBuilder
+{
+public:
+    explicit TextBuilder(eUtEncodingType encoding) noexcept : m_text(encoding) {}
+
+    /// Appends bytes that are in the encoding of the text.
+    void Append(std::string_view bytes) noexcept { Append(bytes, m_text.GetEncodingType()); }
+    /// Appends a text, converted.
+    void AppendText(const UtCString& text) noexcept { Append(text.View(), text.GetEncodingType()); }
+    void Append(std::string_view bytes, eUtEncodingType encoding) noexcept
+    {
+        if (m_failed || bytes.empty())
+            return;
+        const size_t before = m_text.GetByteLength();
+        m_text.AppendText(bytes, encoding);
+        m_failed = m_text.GetByteLength() <= before;
+    }
+    void AppendRepeated(char character, size_t count) noexcept
+    {
+        for (; count > 0 && !m_failed; --count)
+            Append({&character, 1});
+    }
+
+    /// The text; the builder is used up.
+    UtCString Take() noexcept
+    {
+        if (m_failed)
+            m_text.SetEmpty();
+        return std::move(m_text);
+    }
+
+private:
+    UtCString m_text;
+    bool m_failed = false;
+};
+
+} // namespace text
