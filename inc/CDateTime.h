@@ -64,13 +64,13 @@ public:
 
     /// True for a status valid and a year from 1600 to 2999; so true for the empty date of a new object.
     bool IsValid() const noexcept;
-    /// True for the value 0.0 and for everything that is not `IsValid`.
+    /// True for the value 0.0, although that `IsValid`, and for everything that is not `IsValid`.
     bool IsNull() const noexcept;
     /// The same as `IsNull`.
     bool IsEmpty() const noexcept;
     /// True for a time without a date: a valid value on the day 0. False, on purpose, when `IsNull`.
     bool IsDateNull() const noexcept;
-    /// True for a date without a time: a valid value of exactly midnight. False when `IsNull`.
+    /// True for a date without a time: a valid value of exactly midnight. False, too, when `IsNull`.
     bool IsTimeNull() const noexcept;
     /// True in a leap year from 100 to 9999; false when the fields cannot be read.
     bool IsLeapYear() const noexcept;

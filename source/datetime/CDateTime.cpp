@@ -105,6 +105,7 @@ bool CDateTime::IsValid() const noexcept
            split.day <= lastValidDay;
 }
 
+// KEPT K-59: the empty date of a new object is valid and null at once.
 bool CDateTime::IsNull() const noexcept
 {
     return m_value == 0 || !IsValid();

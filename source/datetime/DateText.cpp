@@ -33,6 +33,7 @@ std::array<int, 3> FirstThreeNumbers(std::string_view text)
     return numbers;
 }
 
+// KEPT K-57: a missing year is 0 here and so becomes 2000.
 int CompletedYear(int year)
 {
     if (year >= 1000)
@@ -40,7 +41,7 @@ int CompletedYear(int year)
     return year + (year < 70 ? 2000 : 1900);
 }
 
-// Up to the last whole day of 32-bit seconds since 1970.
+// KEPT K-58: from 1980 to the last whole day of 32-bit seconds since 1970, although a date may lie in 1600 to 2999.
 bool IsAccepted(int year, int month, int day)
 {
     if (year < 1980 || year > 2038 || month < 1 || month > 12 || day < 1 || day > 31)

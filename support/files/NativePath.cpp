@@ -22,8 +22,11 @@ bool EqualNoCase(const std::string& left, const std::string& right)
 }
 
 // Of several spellings the first in byte order is taken, so that the answer does not depend on the order of the folder.
+// Empty when there is none.
 std::string SpellingOnDisk(const std::string& folder, const std::string& name)
 {
+    if (name.empty() || Exists(folder + name))
+        return name;
     std::string found;
     std::error_code error;
     fs::directory_iterator entry(folder.empty() ? "." : folder, error);
@@ -32,17 +35,20 @@ std::string SpellingOnDisk(const std::string& folder, const std::string& name)
         if (EqualNoCase(candidate, name) && (found.empty() || candidate < found))
             found = std::move(candidate);
     }
-    return found.empty() ? name : found;
+    return found;
 }
 
-// `path` has only native separators. A component that is found nowhere ends the search by itself: nothing is below it.
+// `path` has only native separators. Below a component that is not found there is nothing to look for.
 std::string WithSpellingOnDisk(const std::string& path, char separator)
 {
     std::string result;
     for (size_t start = 0; start < path.size();) {
         const size_t end = std::min(path.find(separator, start), path.size());
         const std::string name = path.substr(start, end - start);
-        result += name.empty() || Exists(result + name) ? name : SpellingOnDisk(result, name);
+        const std::string found = SpellingOnDisk(result, name);
+        if (found.empty() && !name.empty())
+            return result + path.substr(start);
+        result += found;
         if (end < path.size())
             result += separator;
         start = end + 1;

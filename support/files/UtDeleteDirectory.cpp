@@ -1,3 +1,4 @@
+#include "files/DeletablePath.h"
 #include "files/NativePath.h"
 #include "files/UtFile.h"
 
@@ -5,15 +6,8 @@
 
 namespace fs = std::filesystem;
 
+namespace files {
 namespace {
-
-// With a trailing separator the system would follow a link at the end of the path.
-std::string WithoutTrailingSeparators(std::string path)
-{
-    while (!path.empty() && (path.back() == '/' || path.back() == '\\'))
-        path.pop_back();
-    return path;
-}
 
 bool IsDotName(const fs::path& name)
 {
@@ -28,9 +22,28 @@ bool IsDrive(const std::string& path)
 bool IsRoot(const fs::path& path)
 {
     std::error_code error;
-    const fs::path root = fs::absolute(path, error).root_path();
-    return fs::equivalent(path, root, error);
+    const bool isLink = fs::is_symlink(fs::symlink_status(path, error));
+    return !isLink && fs::equivalent(path, fs::absolute(path).root_path(), error);
 }
+
+} // namespace
+
+std::string WithoutTrailingSeparators(std::string nativePath)
+{
+    while (!nativePath.empty() && (nativePath.back() == '/' || nativePath.back() == '\\'))
+        nativePath.pop_back();
+    return nativePath;
+}
+
+bool IsDeletable(const std::string& nativePath)
+{
+    const fs::path path = nativePath;
+    return !path.empty() && !IsDrive(nativePath) && !IsDotName(path.filename()) && !IsRoot(path);
+}
+
+} // namespace files
+
+namespace {
 
 // Entries of a write-protected folder cannot be removed before the folder is writable. Links are not followed.
 void UnprotectFolders(const fs::path& path)
@@ -70,24 +83,23 @@ bool RemoveLink(const fs::path& path)
     return IsGone(path);
 }
 
-bool DeleteTree(const std::string& native)
+bool DeleteTree(const std::string& path)
 {
-    const fs::path path = WithoutTrailingSeparators(native);
-    std::error_code error;
-    if (path.empty() || IsDrive(path.string()) || IsDotName(path.filename()))
+    if (!files::IsDeletable(path))
         return false;
     if (IsGone(path))
         return true;
-    if (fs::is_symlink(fs::symlink_status(path, error)))
-        return fs::is_directory(path, error) && RemoveLink(path);
-    return fs::is_directory(path, error) && !IsRoot(path) && RemoveFolder(path);
+    std::error_code error;
+    if (!fs::is_directory(path, error))
+        return false;
+    return fs::is_symlink(fs::symlink_status(path, error)) ? RemoveLink(path) : RemoveFolder(path);
 }
 
 } // namespace
 
 int UtDeleteDirectory(const UtCString& path) noexcept
 try {
-    return DeleteTree(files::NativePath(path)) ? 0 : 1;
+    return DeleteTree(files::WithoutTrailingSeparators(files::NativePath(path))) ? 0 : 1;
 } catch (...) {
     return 1;
 }

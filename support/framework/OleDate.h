@@ -30,7 +30,10 @@ constexpr int DayNumber(int year, int month, int day) noexcept
 }
 
 /// 1 Sunday to 7 Saturday, of a day counted from 1899-12-30 (a Saturday).
-constexpr int DayOfWeek(int day) noexcept { return ((day - 1) % 7 + 7) % 7 + 1; }
+constexpr int DayOfWeek(int day) noexcept
+{
+    return ((day - 1) % 7 + 7) % 7 + 1;
+}
 
 /// The value of a day and a fraction of it, 0 <= fraction < 1. Where the fraction is so near 1 that a double cannot
 /// hold it beside the day, the value is the start of the next day.

@@ -90,7 +90,8 @@ std::optional<Token> FirstToken(std::wstring_view text)
 
 bool Tokenize(std::wstring_view text, std::vector<Token>& tokens)
 {
-    for (;;) {
+    constexpr size_t mostTokens = 32; // far more than any date has
+    while (tokens.size() < mostTokens) {
         const size_t blanks = RunLength(text, IsBlank);
         text.remove_prefix(blanks);
         if (text.empty())
@@ -102,6 +103,7 @@ bool Tokenize(std::wstring_view text, std::vector<Token>& tokens)
         token->afterBlank = blanks > 0;
         tokens.push_back(std::move(*token));
     }
+    return false;
 }
 
 bool EqualIgnoringDots(std::wstring word, std::wstring name)
@@ -398,13 +400,14 @@ std::vector<std::wstring> WordsOfPattern(std::wstring_view pattern)
 {
     std::vector<std::wstring> words;
     for (size_t position = 0; position < pattern.size();) {
-        const size_t length = WordLength(pattern.substr(position));
-        if (pattern[position] == L'%')
+        if (pattern[position] == L'%') {
             position = ConversionLetter(pattern, position) + 1;
-        else if (length > 0)
+            continue;
+        }
+        const size_t length = WordLength(pattern.substr(position));
+        if (length > 0)
             words.emplace_back(pattern.substr(position, length));
-        else
-            ++position;
+        position += std::max(length, size_t{1});
     }
     return words;
 }
