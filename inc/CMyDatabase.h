@@ -125,8 +125,8 @@ public:
     /// message box.
     ///
     /// 0 also when one of the connections cannot be made or the statement fails. Kept: so it is when "vela_root" cannot
-    /// log in, and without the PROCESS privilege its own threads are all that is counted; nothing tells. Kept: without a
-    /// database name the threads without a database are counted, the one of the question included.
+    /// log in, and without the PROCESS privilege its own threads are all that is counted; nothing tells. Kept: without
+    /// a database name the threads without a database are counted, the one of the question included.
     long CountUsersOnThisDatabase(bool ignoreOwnUser);
     bool ExistTable(const UtCString& tableName);
 

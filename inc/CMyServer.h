@@ -80,8 +80,8 @@ public:
 
     /// Replaces all settings by those of a settings file; docs/server-ini.md describes its keys and how it is read.
     ///
-    /// A path that ends in ".ini" (any letter case) is the file, any other one the folder of a "Server.ini"; backslashes
-    /// and blanks at its end are dropped. The argument may be a member of this object.
+    /// A path that ends in ".ini" (any letter case) is the file, any other one the folder of a "Server.ini";
+    /// backslashes and blanks at its end are dropped. The argument may be a member of this object.
     ///
     /// The result is that of IsValid afterwards. False also:
     /// - for an empty path: nothing changes;
@@ -104,8 +104,8 @@ public:
     /// settings give false at once and leave both untouched.
     bool TestConnect(bool interactive, unsigned long* errorCode, UtCString* errorMessage);
 
-    /// Whether a server has a database of this name, whatever the letter case. The server is not this one, but that of a
-    /// settings file which the name carries in front: "C:\cfg::kalk" asks the server of "C:\cfg\Server.ini". Kept: a
+    /// Whether a server has a database of this name, whatever the letter case. The server is not this one, but that of
+    /// a settings file which the name carries in front: "C:\cfg::kalk" asks the server of "C:\cfg\Server.ini". Kept: a
     /// plain name asks that of "\Server.ini" in the root of the current drive, so it is false where no such file is.
     ///
     /// False also for an empty name and when the settings cannot be loaded, the connection cannot be made or the
