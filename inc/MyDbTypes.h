@@ -3,16 +3,34 @@
 /// The library's classification of columns. The values cross the interface; the gaps are deliberate.
 enum MYTYPES : unsigned int
 {
+    /// decimal, YEAR, BIT, geometry, anything else; also "no such column". (ENUM and SET come from the server as
+    /// strings.)
     MYTYPE_UNKNOWN = 0,
-    MYTYPE_SHORT = 3,
-    MYTYPE_LONG = 4,
-    MYTYPE_DOUBLE = 7,
-    MYTYPE_TEXT = 10,
-    MYTYPE_BLOB = 11,
-    MYTYPE_MEMO = 12,
-    MYTYPE_INT64 = 16,
-    MYTYPE_FLOAT = 21,
-    MYTYPE_DATETIME = 23
+    MYTYPE_SHORT = 3,    ///< TINYINT (also TINYINT(1): there is no boolean class) and SMALLINT
+    MYTYPE_LONG = 4,     ///< INT
+    MYTYPE_DOUBLE = 7,   ///< DOUBLE
+    MYTYPE_TEXT = 10,    ///< CHAR, VARCHAR, BINARY, VARBINARY
+    MYTYPE_BLOB = 11,    ///< the BLOB types, and TEXT types with a _bin collation: only the flags tell
+    MYTYPE_MEMO = 12,    ///< the other TEXT types
+    MYTYPE_INT64 = 16,   ///< BIGINT, and MEDIUMINT on purpose
+    MYTYPE_FLOAT = 21,   ///< FLOAT
+    MYTYPE_DATETIME = 23 ///< TIMESTAMP, DATE, TIME, DATETIME
+};
+
+/// The storage engine of a table (CMyTable::GetTableType). The values cross the interface.
+enum eTableTypes : unsigned int
+{
+    TABLE_TYPE_UNKNOWN = 0, ///< any other engine, a view, or no metadata
+    TABLE_TYPE_MYISAM = 1,
+    TABLE_TYPE_INNODB = 2,
+    TABLE_TYPE_BDB = 3,
+    TABLE_TYPE_MEMORY = 4, ///< also under its older name HEAP
+    TABLE_TYPE_MERGE = 5,
+    TABLE_TYPE_EXAMPLE = 6,
+    TABLE_TYPE_FEDERATED = 7,
+    TABLE_TYPE_ARCHIVE = 8,
+    TABLE_TYPE_CSV = 9,
+    TABLE_TYPE_BLACKHOLE = 10
 };
 
 /// State of a record set's edit bracket.

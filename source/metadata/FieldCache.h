@@ -65,7 +65,9 @@ public:
     uint64_t GetGeneration() const noexcept { return m_generation; }
 
 private:
-    void Append(std::shared_ptr<CTableCache> entry);
+    std::shared_ptr<CTableCache> Load(CMyDatabase* database, const UtCString& tableName);
+    bool Append(const std::shared_ptr<CTableCache>& entry); ///< false, and nothing added, when memory ran out
+    void RebuildIndex();                                    ///< among entries with the same key the first wins
 
     UtArray<std::shared_ptr<CTableCache>> m_tables; ///< in the order in which they were loaded
     UtCMap<UtCString, unsigned long> m_tableIndex;

@@ -1,6 +1,7 @@
 #include "metadata/FieldTypes.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 
 namespace metadata {
@@ -14,6 +15,7 @@ struct CharsetRange
 };
 
 // Ascending and disjoint, so that a binary search decides.
+// KEPT K-29: numbers behind the last range, as newer servers give them to UTF-8 collations, count as single-byte.
 constexpr CharsetRange charsetRanges[] = {
     {33, 33, UT_ENCODING_UTF8},       {35, 35, UT_ENCODING_UTF16_BE},   {45, 46, UT_ENCODING_UTF8},
     {54, 55, UT_ENCODING_UTF16_BE},   {56, 56, UT_ENCODING_UTF16_LE},   {60, 61, UT_ENCODING_UTF32},
@@ -40,6 +42,7 @@ static_assert(AscendingAndDisjoint());
 constexpr const char* firstTypeNames[] = {"decimal", "byte", "short",     "long",  "float",
                                           "double",  "null", "timestamp", "int64", "int24",
                                           "date",    "time", "datetime",  "year",  "newdate"};
+// KEPT K-26: the two smaller blob codes are "memo" and the two larger "blob", whatever the flags say.
 constexpr unsigned firstNamedHighType = MYSQL_TYPE_ENUM;
 constexpr const char* highTypeNames[] = {"enum", "set",     "memo",   "memo",    "blob",
                                          "blob", "varchar", "string", "geometry"};
@@ -53,7 +56,25 @@ const char* NameOfCode(unsigned type) noexcept
     return "unbekannt";
 }
 
+uint32_t To32Bits(unsigned long length) noexcept
+{
+    return static_cast<uint32_t>(std::min<unsigned long>(length, UINT32_MAX));
+}
+
 } // namespace
+
+UtCString NameInTable(const MYSQL_FIELD& field)
+{
+    const bool hasOwnName = field.org_name && *field.org_name;
+    // KEPT K-28: the names are tagged single-byte although the client delivers them in UTF-8.
+    return UtCString(hasOwnName ? field.org_name : field.name);
+}
+
+CMyField DescribeField(const MYSQL_FIELD& field)
+{
+    return CMyField(NameInTable(field), ClassifyField(field), field.type, To32Bits(field.length), field.flags,
+                    field.decimals, UtCString(field.def), field.charsetnr);
+}
 
 UtCString FieldTypeName(unsigned type, unsigned long length)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CMyField.h"
 #include "MyDbTypes.h"
 #include "text/UtCString.h"
 
@@ -15,7 +16,9 @@ namespace metadata {
 /// - The character set plays no part: BINARY and VARBINARY are MYTYPE_TEXT, and a blob is told from a memo by its
 /// flags.
 /// - Width plays no part: TINYINT(1) is a MYTYPE_SHORT like any other small integer; MEDIUMINT is MYTYPE_INT64.
-/// - MYTYPE_UNKNOWN: decimals, YEAR, BIT, ENUM, SET, geometries and every code that is not in the table.
+/// - MYTYPE_UNKNOWN: decimals, YEAR, BIT, geometries, the codes of ENUM and SET (which servers use in no result: such
+///   columns come as strings with a flag and are MYTYPE_TEXT) and every code that is not in the table.
+/// - A TEXT column with a _bin collation has the flags of a blob and is a MYTYPE_BLOB; so is MariaDB's JSON.
 inline MYTYPES ClassifyField(const MYSQL_FIELD& field) noexcept
 {
     constexpr unsigned binaryBlob = BLOB_FLAG | BINARY_FLAG;
@@ -49,6 +52,15 @@ inline MYTYPES ClassifyField(const MYSQL_FIELD& field) noexcept
         return MYTYPE_UNKNOWN;
     }
 }
+
+/// A column's name in its table, or its name in the listing where the client gives no other. The client's bytes, tagged
+/// with encoding 256 and not converted; empty when there is no name at all.
+UtCString NameInTable(const MYSQL_FIELD& field);
+
+/// The descriptor of a column of a table, from a field listing: named by NameInTable, classified by ClassifyField. The
+/// default value is the client's bytes in encoding 256, empty where there is none; the length is the client's, in
+/// bytes, at most 4294967295.
+CMyField DescribeField(const MYSQL_FIELD& field);
 
 /// The name of a column type for people, in encoding 256: "long", "datetime", "varchar[60]" and so on, "unbekannt" for
 /// a code without a name.

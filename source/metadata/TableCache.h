@@ -5,6 +5,8 @@
 #include "containers/UtCMap.h"
 #include "text/UtCString.h"
 
+#include <memory>
+
 /// What the cache knows of one table: its columns in the server's order, and its storage engine.
 ///
 /// Entries are handed out as std::shared_ptr. Whoever holds one, or a CMyField of one, may go on using it after the
@@ -16,31 +18,31 @@ public:
     explicit CTableCache(const UtCString& key);
     CTableCache(const CTableCache&) = delete;
     CTableCache& operator=(const CTableCache&) = delete;
-    ~CTableCache(); ///< frees the columns
 
     const UtCString& GetName() const noexcept { return m_name; } ///< the key: trimmed and in upper case
     /// The engine as the server spells it ("InnoDB"), encoding 256; empty while unknown, and for views.
     const UtCString& GetEngine() const noexcept { return m_engine; }
     bool IsTransactional() const noexcept { return m_transactional; } ///< the engine is InnoDB
-    unsigned long GetFieldCount() const;
+    unsigned long GetFieldCount() const noexcept;
 
     /// The column at a zero-based position; null at or beyond the column count. Owned by the entry.
-    const CMyField* GetField(unsigned long position) const;
+    const CMyField* GetField(unsigned long position) const noexcept;
 
-    /// The column of a name, whatever its letter case; null when there is none. Owned by the entry.
+    /// The column of a name, as FindField finds it; null when there is none. Owned by the entry.
     const CMyField* GetField(const UtCString& name) const;
 
     /// The position of a column by its name, whatever its letter case. The name is not trimmed. False, with `position`
     /// untouched, for an empty or unknown name. Of two columns whose names differ in case only, the later is found.
     bool FindField(const UtCString& name, unsigned long& position) const;
 
-    void AppendField(const CMyField& field); ///< Adds a copy as the last column.
+    /// Adds a copy of `field` as the last column. False when memory ran out; the entry is then not fit for use.
+    bool AppendField(const CMyField& field);
     void SetEngine(const UtCString& engine); ///< Also decides IsTransactional; the letter case does not matter.
 
 private:
     UtCString m_name;
     UtCString m_engine;
     bool m_transactional = false;
-    UtArray<CMyField*> m_fields; ///< owned
-    UtCMap<UtCString, unsigned long> m_fieldIndex;
+    UtArray<std::unique_ptr<CMyField>> m_fields;
+    UtCMap<UtCString, unsigned long> m_fieldIndex; ///< upper-case name -> position
 };
