@@ -247,6 +247,7 @@ private:
     void ResendStatement();
     bool TakeResult(MYSQL_RES** result, bool useResult);
     void RecordClientError();
+    void RecordOutOfMemory();
     long FailStatement(bool showError);
 
     MYSQL* m_handle;

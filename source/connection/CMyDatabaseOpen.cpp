@@ -29,6 +29,8 @@ bool CMyDatabase::EnsureOpen(bool interactive, const UtCString& databaseName)
     if (!databaseName.IsEmpty() && databaseName != m_databaseName) {
         Close();
         m_databaseName = databaseName;
+        if (m_databaseName.IsEmpty()) // no memory; a connection without database is not what was asked for
+            return false;
     }
     // KEPT K-05: a live connection without database does not count as open, although the first Open of it did.
     if (Ping())
@@ -57,6 +59,8 @@ bool CMyDatabase::Connect()
     if (limit.IsReached())
         return false;
     const UtCString user = m_server.GetUser().toLower();
+    if (user.IsEmpty()) // no memory; an empty user would be somebody else
+        return false;
     if (mysql_real_connect(m_handle, m_server.GetHost().string(), user.string(), m_server.GetPassword().string(),
                            m_databaseName.string(), static_cast<unsigned int>(m_server.GetPort()), nullptr, 0))
         return true;

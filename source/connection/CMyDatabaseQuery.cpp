@@ -58,7 +58,7 @@ long CMyDatabase::ExecuteQuery(const UtCString& sql, bool showError, MYSQL_RES**
         return RunStatement(sql, showError, result, useResult);
     } catch (...) {
         if (m_errorCode == 0)
-            m_errorCode = outOfMemory;
+            RecordOutOfMemory();
         m_queryTime = 0;
         m_affectedRows = 0;
         return failed;
@@ -92,16 +92,16 @@ long CMyDatabase::RunStatement(const UtCString& sql, bool showError, MYSQL_RES**
 
 bool CMyDatabase::KeepStatement(const UtCString& sql)
 {
-    const eUtEncodingType given = sql.GetEncodingType();
-    const eUtEncodingType wanted = m_server.GetEncodingType();
-    const std::string_view text = sql::TrimStatement(sql.View(), given);
-    const bool isAsWanted = sql::MeansTheSame(text, given, wanted);
-
+    const std::string_view text = sql::TrimStatement(sql.View(), sql.GetEncodingType());
     m_lastSQLCommand.SetMemCopy(reinterpret_cast<const unsigned char*>(text.data()), text.size(),
-                                isAsWanted ? wanted : given);
-    if (!isAsWanted)
-        m_lastSQLCommand.ChangeEncodingType(wanted);
-    return !m_lastSQLCommand.IsEmpty();
+                                sql.GetEncodingType());
+    m_lastSQLCommand.ChangeEncodingType(m_server.GetEncodingType());
+    if (!m_lastSQLCommand.IsEmpty())
+        return true;
+    // A text for which there is no memory is empty.
+    if (!text.empty())
+        RecordOutOfMemory();
+    return false;
 }
 
 int CMyDatabase::SendStatement()
@@ -119,6 +119,12 @@ void CMyDatabase::RecordClientError()
     if (m_errorCode == 0)
         m_errorCode = unknownError;
     m_errorMessage = client::ErrorText(m_handle);
+}
+
+void CMyDatabase::RecordOutOfMemory()
+{
+    m_errorCode = outOfMemory;
+    m_errorMessage = "2008: Out of memory"; // short enough to need none
 }
 
 void CMyDatabase::ResendStatement()

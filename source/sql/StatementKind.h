@@ -5,14 +5,14 @@
 namespace sql {
 
 /// Whether a statement gives rows, judged by its first word. Letter case does not matter; a carriage return or a line
-/// feed counts as a blank. One pass, no memory.
+/// feed counts as a blank. One pass over the bytes, no memory.
 ///
 /// True: SELECT, unless INTO OUTFILE or INTO DUMPFILE follows somewhere; SHOW, CHECK, REPAIR, OPTIMIZE, EXPLAIN;
 /// HANDLER with READ somewhere; any text with UNION somewhere. Each word needs a blank behind it, and those found
 /// "somewhere" one in front too.
 ///
 /// False: fewer than ten characters, whatever they say; a first word with a blank in front; DESCRIBE, ANALYZE, BACKUP
-/// and RESTORE; a text tagged 65535, which is never converted and so never read.
+/// and RESTORE. In a text whose encoding is never converted the bytes below 0x80 are read as ASCII.
 bool IsSelectQuery(const UtCString& sql) noexcept;
 
 } // namespace sql

@@ -18,19 +18,6 @@ std::string_view TrimUnits(std::string_view bytes, size_t lowByte) noexcept
     return bytes.substr(0, size);
 }
 
-bool IsAscii(std::string_view bytes) noexcept
-{
-    unsigned char bits = 0;
-    for (const char byte : bytes)
-        bits |= static_cast<unsigned char>(byte);
-    return bits < 0x80;
-}
-
-bool ContainsAscii(eUtEncodingType encoding) noexcept
-{
-    return encoding == UT_ENCODING_DEFAULT || encoding == UT_ENCODING_UTF8;
-}
-
 } // namespace
 
 std::string_view TrimStatement(std::string_view bytes, eUtEncodingType encoding) noexcept
@@ -43,11 +30,6 @@ std::string_view TrimStatement(std::string_view bytes, eUtEncodingType encoding)
     while (size != 0 && IsTrimmed(bytes[size - 1]))
         --size;
     return bytes.substr(0, size);
-}
-
-bool MeansTheSame(std::string_view bytes, eUtEncodingType encoding, eUtEncodingType other) noexcept
-{
-    return encoding == other || (ContainsAscii(encoding) && ContainsAscii(other) && IsAscii(bytes));
 }
 
 } // namespace sql

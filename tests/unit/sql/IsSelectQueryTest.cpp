@@ -170,14 +170,34 @@ TEST(IsSelectQueryLength, CountsASurrogatePairAsOneCharacter)
 
 TEST(IsSelectQueryEncoding, FindsNoKeywordInLettersThatOnlyLookAlike)
 {
-    // Full-width S, long s, dotless i: no keyword is written with them.
     EXPECT_FALSE(IsSelect("\xEF\xBC\xB3"
                           "ELECT * FROM t",
+                          UT_ENCODING_UTF8));                                       // full-width S
+    EXPECT_FALSE(IsSelect("(SELECT 1) UN\xC3\x8DON (SELECT 2)", UT_ENCODING_UTF8)); // I with acute
+    EXPECT_FALSE(IsSelect("(SELECT 1) UN\xC4\xB0ON (SELECT 2)", UT_ENCODING_UTF8)); // I with dot
+}
+
+TEST(IsSelectQueryEncoding, FindsKeywordsInLettersWhoseUpperCaseIsAscii)
+{
+    EXPECT_TRUE(IsSelect("\xC5\xBF"
+                         "elect * from t",
+                         UT_ENCODING_UTF8));                                       // long s
+    EXPECT_TRUE(IsSelect("(select 1) un\xC4\xB1on (select 2)", UT_ENCODING_UTF8)); // dotless i
+    EXPECT_FALSE(IsSelect("(select 1) un\xC4\xB1on (select 2)"));                  // two other letters there
+    const std::string dotless = Utf16("(select 1) un", false) + "\x31\x01" + Utf16("on (select 2)", false);
+    EXPECT_TRUE(IsSelect(dotless, UT_ENCODING_UTF16_LE));
+    EXPECT_FALSE(IsSelect(dotless, UT_ENCODING_UTF16_BE));
+}
+
+TEST(IsSelectQueryEncoding, ReadsNoHalfALetterAtTheEnd)
+{
+    EXPECT_FALSE(IsSelect("(select 1) un\xC4", UT_ENCODING_UTF8));
+    EXPECT_FALSE(IsSelect("\xC5\xC5\xC5\xC5\xC5\xC5\xC5\xC5\xC5\xC5", UT_ENCODING_UTF8));
+    EXPECT_TRUE(IsSelect("(select 1) UNION \xC4", UT_ENCODING_UTF8));
+    EXPECT_FALSE(IsSelect("(select 1) un\xC4 ion ", UT_ENCODING_UTF8));
+    EXPECT_FALSE(IsSelect("(select 1) un\xC4"
+                          "1on (select 2)",
                           UT_ENCODING_UTF8));
-    EXPECT_FALSE(IsSelect("\xC5\xBF"
-                          "elect * from t",
-                          UT_ENCODING_UTF8));
-    EXPECT_FALSE(IsSelect("(select 1) un\xC4\xB1on (select 2)", UT_ENCODING_UTF8));
 }
 
 TEST(IsSelectQueryEncoding, FindsKeywordsBetweenOtherCharacters)
@@ -216,9 +236,10 @@ TEST(IsSelectQueryEncoding, DoesNotTakeAUnitForItsLowByte)
     EXPECT_FALSE(IsSelect(units, UT_ENCODING_UTF16_LE));
 }
 
-TEST(IsSelectQueryEncoding, ReadsNothingInATextThatIsNeverConverted)
+TEST(IsSelectQueryEncoding, ReadsAsciiInATextThatIsNeverConverted)
 {
-    EXPECT_FALSE(IsSelect("SELECT * FROM t", UT_ENCODING_UTF32));
+    EXPECT_TRUE(IsSelect("SELECT * FROM t", UT_ENCODING_UTF32));
+    EXPECT_FALSE(IsSelect(Utf16("SELECT * FROM t", false), UT_ENCODING_UTF32));
 }
 
 TEST(IsSelectQueryPrefixes, Kept_K01_TakesDescribeAnalyzeBackupAndRestoreForStatementsWithoutRows)

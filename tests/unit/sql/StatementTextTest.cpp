@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <string_view>
 
 namespace {
 
@@ -46,35 +46,6 @@ TEST(TrimStatement, DropsAHalfUnitAtTheEnd)
 {
     EXPECT_EQ(sql::TrimStatement("D\0 \0x"sv, UT_ENCODING_UTF16_LE), "D\0"sv);
     EXPECT_EQ(sql::TrimStatement("x", UT_ENCODING_UTF16_BE), "");
-}
-
-TEST(MeansTheSame, HoldsForTheSameEncoding)
-{
-    EXPECT_TRUE(sql::MeansTheSame("\xC3\xBC", UT_ENCODING_UTF8, UT_ENCODING_UTF8));
-    EXPECT_TRUE(sql::MeansTheSame("a\0"sv, UT_ENCODING_UTF16_LE, UT_ENCODING_UTF16_LE));
-    EXPECT_TRUE(sql::MeansTheSame("abcd", UT_ENCODING_UTF32, UT_ENCODING_UTF32));
-}
-
-TEST(MeansTheSame, HoldsForAsciiInTheEncodingsThatContainIt)
-{
-    EXPECT_TRUE(sql::MeansTheSame("SELECT 1 FROM `t` \0\x7F"sv, UT_ENCODING_DEFAULT, UT_ENCODING_UTF8));
-    EXPECT_TRUE(sql::MeansTheSame("SELECT 1", UT_ENCODING_UTF8, UT_ENCODING_DEFAULT));
-    EXPECT_TRUE(sql::MeansTheSame("", UT_ENCODING_UTF8, UT_ENCODING_DEFAULT));
-}
-
-TEST(MeansTheSame, DoesNotHoldForOtherCharacters)
-{
-    EXPECT_FALSE(sql::MeansTheSame("SELECT '\xFC'", UT_ENCODING_DEFAULT, UT_ENCODING_UTF8));
-    EXPECT_FALSE(sql::MeansTheSame("\x80", UT_ENCODING_UTF8, UT_ENCODING_DEFAULT));
-    const std::string longText = std::string(1000, 'x') + "\xFF";
-    EXPECT_FALSE(sql::MeansTheSame(longText, UT_ENCODING_DEFAULT, UT_ENCODING_UTF8));
-}
-
-TEST(MeansTheSame, DoesNotHoldBetweenWidths)
-{
-    EXPECT_FALSE(sql::MeansTheSame("a\0"sv, UT_ENCODING_DEFAULT, UT_ENCODING_UTF16_LE));
-    EXPECT_FALSE(sql::MeansTheSame("a\0"sv, UT_ENCODING_UTF16_LE, UT_ENCODING_UTF16_BE));
-    EXPECT_FALSE(sql::MeansTheSame("abcd", UT_ENCODING_UTF32, UT_ENCODING_DEFAULT));
 }
 
 } // namespace
