@@ -128,6 +128,13 @@ public:
     /// log in, and without the PROCESS privilege its own threads are all that is counted; nothing tells. Kept: without
     /// a database name the threads without a database are counted, the one of the question included.
     long CountUsersOnThisDatabase(bool ignoreOwnUser);
+    /// Whether this database has a table or view of this name (SHOW TABLES ... LIKE, one round trip). Blanks and
+    /// backticks around the name are removed. False, and nothing is sent, for an empty name and unless IsOpen: a closed
+    /// connection is not opened. False also when the statement fails (GetErrorCode).
+    ///
+    /// Kept: the name is a LIKE pattern in upper case, so "_" and "%" match other names as well, and a server that tells
+    /// letter cases apart finds upper-case tables only. The database name is not quoted: with one that needs backticks
+    /// the statement fails.
     bool ExistTable(const UtCString& tableName);
 
     /// Runs one statement. All statements of the library go through here.
