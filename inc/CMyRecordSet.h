@@ -174,8 +174,10 @@ public:
 
     UtCString GetFieldName(unsigned long no) const; ///< the alias, encoding 256; "" beyond the last column
 
-    /// The character set number of a column. With a table bound, the one that the table declares for a column of that
-    /// name (asking the table cache, which may ask the server); otherwise the one that the result reports.
+    /// The character set number of a column. With a table bound, the one that the table cache has for a column of that
+    /// name, loading the table on the effective connection when it is not cached; otherwise the one of the result.
+    /// The server tells in both cases in which character set it sends the column, which for texts is that of the
+    /// connection; the cache has it as of the loading, so "SET NAMES" afterwards makes the two differ.
     /// False, with `nr` untouched: no such column, no result (by position; by name when no table is bound), or the
     /// table's columns cannot be read, among others while a stream occupies its connection.
     bool GetFieldCharsetNr(unsigned long no, unsigned int& nr) const;
@@ -205,9 +207,13 @@ public:
     char* GetFieldValue(const UtCString& name) const;
 
     /// The value as text in the encoding of `text`, whose memory is reused. A text or memo column is converted from the
-    /// character set that GetFieldCharsetNr gives it, which is the declared one of the table's column and not that of
-    /// the connection, so the two should agree. Other columns, UTF-32 columns and columns without a known character set
-    /// are not converted: their bytes are taken as they are, and as Windows-1252 when `text` is UTF-16.
+    /// character set that GetFieldCharsetNr gives it. Other columns, UTF-32 columns and columns whose character set is
+    /// unknown are not converted: their bytes are taken as they are, and as Windows-1252 when `text` is UTF-16. The
+    /// character sets are asked for once for all rows, and again when the table cache changes.
+    ///
+    /// While a stream is read its table cannot be loaded, and opening the stream's connection has removed it from the
+    /// cache: with a table bound, texts of a stream are not converted unless the host asks for the table over another
+    /// connection (CMyTable) after the stream has started.
     ///
     /// By position always true, with an empty text for NULL, no row, no such column. By name false for an unknown
     /// name only, `text` is then untouched.
@@ -319,10 +325,24 @@ private:
     };
 
     bool IsStreamed() const noexcept { return m_largeResultConnection != nullptr; }
+    template <class Body> long Selecting(Body&& body) noexcept;
+    UtCString CompleteStatement(const UtCString& sql, bool asIs) const;
     long Run(const UtCString& statement, bool showError, bool useResult);
+    long AdoptResult(CMyDatabase& connection);
+    void ClearPosition() noexcept;
     bool FetchRow() noexcept;
+    void BuildRowIndex();
     bool HasCell(unsigned long no) const noexcept { return m_currentRow && no < m_fieldCount; }
     Value ReadValue(unsigned long no) const;
+    template <class Number> Number ReadNumber(unsigned long no) const;
+    eUtEncodingType SourceEncoding(unsigned long no) const;
+    void LearnEncodings() const;
+    std::shared_ptr<CTableCache> EntryForTexts() const;
+    bool IsSearchedPlainly() const noexcept;
+    const MYSQL_FIELD* ResultField(unsigned long no) const noexcept;
+    const MYSQL_FIELD* ResultField(const UtCString& name) const;
+    bool LoadTableEntry() const;
+    UtCString InColumnEncoding(const UtCString& column, const UtCString& sqlValue) const;
 
     CMyDatabase* m_database = nullptr; ///< borrowed
     std::unique_ptr<CMyDatabase> m_largeResultConnection;
