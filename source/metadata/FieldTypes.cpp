@@ -15,7 +15,7 @@ struct CharsetRange
 };
 
 // Ascending and disjoint, so that a binary search decides.
-// KEPT K-29: numbers behind the last range, as newer servers give them to UTF-8 collations, count as single-byte.
+// KEPT K-29: numbers behind the last range, as MariaDB gives them to some UTF-8 collations, count as single-byte.
 constexpr CharsetRange charsetRanges[] = {
     {33, 33, UT_ENCODING_UTF8},       {35, 35, UT_ENCODING_UTF16_BE},   {45, 46, UT_ENCODING_UTF8},
     {54, 55, UT_ENCODING_UTF16_BE},   {56, 56, UT_ENCODING_UTF16_LE},   {60, 61, UT_ENCODING_UTF32},

@@ -74,7 +74,7 @@ UtCString FieldTypeName(unsigned type, unsigned long length);
 ///
 /// UTF-8 (65001) for the three- and four-byte UTF-8 sets, 1201 for UTF-16 and UCS-2, 1200 for little-endian UTF-16,
 /// 65535 for UTF-32 (such texts are never converted), and 256 for everything else: the binary set (63), every
-/// single-byte set, and numbers unknown to the table, which include the collations that newer servers number from 576.
+/// single-byte set, and numbers unknown to the table, which include the collations that MariaDB numbers from 576 on.
 eUtEncodingType EncodingOfCharset(unsigned int nr) noexcept;
 
 } // namespace metadata

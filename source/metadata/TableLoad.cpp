@@ -19,6 +19,7 @@ using connection::DatabaseAccess;
 // The client writes the name into 128 bytes and sends as many as it wanted to write, whatever lies behind them.
 constexpr size_t longestListedName = 126;
 constexpr unsigned long incorrectTableName = 1103;
+constexpr int longestQuotedName = 100; // the server cuts the name in its text there
 
 const char* BytesToSend(const UtCString& text) noexcept
 {
@@ -28,7 +29,7 @@ const char* BytesToSend(const UtCString& text) noexcept
 void RefuseName(CMyDatabase& database, const UtCString& key)
 {
     UtCString message(UT_ENCODING_UTF8);
-    message.FormatStringList("1103: Incorrect table name '%s'", {key}, UT_ENCODING_UTF8);
+    message.FormatStringList("1103: Incorrect table name '%s'", {key.substr(0, longestQuotedName)}, UT_ENCODING_UTF8);
     DatabaseAccess::SetLastError(database, incorrectTableName, message);
 }
 

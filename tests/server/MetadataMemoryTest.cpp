@@ -3,6 +3,7 @@
 #include "MyDbFunctions.h"
 #include "harness/FailingAllocations.h"
 #include "harness/PrivateServer.h"
+#include "metadata/FieldCache.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,22 @@ TEST_P(MetadataMemory, ATableIsLoadedWholeOrNotAtAll)
     EXPECT_TRUE(isAllOrNothing);
     EXPECT_TRUE(IsAllOrNothing(CMyTable(&m_database, m_name), m_first, m_second));
     EXPECT_TRUE(CMyTable(&m_database, m_name).IsValid());
+}
+
+TEST_P(MetadataMemory, AFailedLoadLeavesNothingInTheCache)
+{
+    CFieldCache& cache = CFieldCache::Instance();
+    cache.RemoveAll();
+    bool isClean = true;
+    harness::ForEachAllocation(GetParam(), [&] {
+        const CMyTable table(&m_database, m_name);
+        harness::AllocationFailure::allocationsLeft = -1;
+        unsigned long position = 0;
+        isClean = isClean && cache.Find(m_name, position) == table.IsValid() && !cache.Find("`", position);
+        cache.Remove(m_name);
+        isClean = isClean && cache.GetCount() == 0;
+    });
+    EXPECT_TRUE(isClean);
 }
 
 TEST_P(MetadataMemory, AFailedLoadSpoilsNoLaterOne)

@@ -307,11 +307,10 @@ TEST(DescribeField, KeepsLengthsUpTo32Bits)
 
 TEST(DescribeField, CutsALengthBeyond32BitsToTheLargest)
 {
-    if (sizeof(unsigned long) == 4)
-        GTEST_SKIP() << "the client's length has 32 bits here";
+    constexpr bool is64Bits = sizeof(unsigned long) > 4;
     MYSQL_FIELD field = FieldOf(MYSQL_TYPE_LONG_BLOB);
     field.length = std::numeric_limits<unsigned long>::max() / 2 + 1;
-    EXPECT_EQ(metadata::DescribeField(field).GetLength(), 4294967295U);
+    EXPECT_EQ(metadata::DescribeField(field).GetLength(), is64Bits ? 4294967295U : 2147483648U);
 }
 
 TEST(DescribeField, Kept_K28_TagsTheServersBytesAsSingleByteText)

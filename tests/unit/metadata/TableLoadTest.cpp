@@ -149,7 +149,7 @@ TEST_F(TableLoad, RefusesANameOf127BytesAsAFailedListing)
     EXPECT_EQ(m_cache.GetOrLoad(&m_database, UtCString(tooLong.c_str())), nullptr);
     EXPECT_EQ(TakeTraffic(), Traffic{});
     EXPECT_EQ(m_database.GetErrorCode(), 1103U);
-    EXPECT_EQ(Text(m_database.GetErrorMessage()), "1103: Incorrect table name '" + std::string(127, 'X') + "'");
+    EXPECT_EQ(Text(m_database.GetErrorMessage()), "1103: Incorrect table name '" + std::string(100, 'X') + "'");
     EXPECT_EQ(m_cache.GetCount(), 0U);
 }
 
