@@ -13,8 +13,7 @@ class MYDB_EXPORT CByteArray : public CObject
 public:
     CByteArray() = default;
     /// Sets the number of bytes: new ones are 0, those behind the end are dropped. A size below 0 counts as 0.
-    /// `growBy` is accepted for compatibility and ignored. Throws std::bad_alloc, or std::length_error above the
-    /// largest possible size, and leaves the array as it was.
+    /// `growBy` is accepted for compatibility and ignored. Throws std::bad_alloc and leaves the array as it was.
     void SetSize(intptr_t size, intptr_t growBy = -1);
     intptr_t GetSize() const noexcept;
     /// The bytes in a row, valid until the size changes; may be null when the array is empty.
