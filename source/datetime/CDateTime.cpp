@@ -52,7 +52,10 @@ CDateTime::CDateTime(__int64 secondsSince1970) noexcept : CDateTime()
         m_status = invalid;
 }
 
-CDateTime::CDateTime(int year, int month, int day, int hour, int minute, int second) noexcept : CDateTime()
+// Every row of a scan comes through here: the fields that OleDateFromFields accepts are known to come back unchanged,
+// and the members are set without a call.
+CDateTime::CDateTime(int year, int month, int day, int hour, int minute, int second) noexcept
+    : m_value(0), m_status(valid)
 {
     if (!framework::OleDateFromFields({year, month, day, hour, minute, second}, m_value))
         m_status = invalid;

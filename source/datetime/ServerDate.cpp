@@ -1,36 +1,17 @@
 #include "datetime/ServerDate.h"
 
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
 namespace datetime {
 namespace {
 
-unsigned int Digit(char character)
-{
-    return static_cast<unsigned char>(character) - unsigned{'0'};
-}
-
-int ConvertedPiece(std::string_view piece)
+int Piece(std::string_view text, size_t position, size_t length)
 {
     int number = 0;
-    UtCString(piece, UT_ENCODING_DEFAULT).Convert(number);
+    UtCString(text.substr(position, length), UT_ENCODING_DEFAULT).Convert(number);
     return number;
-}
-
-// Digits, that is what every server sends, need no general conversion.
-int Pair(std::string_view text, size_t position)
-{
-    if (position + 2 > text.size())
-        return ConvertedPiece(text.substr(position));
-    const unsigned int tens = Digit(text[position]);
-    const unsigned int ones = Digit(text[position + 1]);
-    return tens < 10 && ones < 10 ? static_cast<int>(tens * 10 + ones) : ConvertedPiece(text.substr(position, 2));
-}
-
-int Year(std::string_view text)
-{
-    for (size_t position = 0; position < 4; ++position)
-        if (Digit(text[position]) > 9)
-            return ConvertedPiece(text.substr(0, 4));
-    return Pair(text, 0) * 100 + Pair(text, 2);
 }
 
 CDateTime Empty()
@@ -40,21 +21,67 @@ CDateTime Empty()
     return empty;
 }
 
+CDateTime FromPieces(std::string_view text)
+{
+    const int year = text.size() > 8 ? Piece(text, 0, 4) : 0;
+    if (year <= 0)
+        return Empty();
+    const int month = Piece(text, 5, 2);
+    const int day = Piece(text, 8, 2);
+    // KEPT K-51: the time is read from 18 characters on, although a full date-time has 19.
+    if (text.size() < 18)
+        return CDateTime(year, month, day, 0, 0, 0);
+    return CDateTime(year, month, day, Piece(text, 11, 2), Piece(text, 14, 2), Piece(text, 17, 2));
+}
+
+// Up to eight characters at once, each in a byte of its own and the first in the lowest.
+class Digits
+{
+public:
+    // `mask` has 0xFF where a digit is expected; the other characters are not looked at.
+    Digits(const char* text, size_t count, uint64_t mask)
+    {
+        uint64_t characters = 0;
+        std::memcpy(&characters, text, count);
+        m_digits = (characters ^ 0x3030303030303030) & mask;
+    }
+
+    bool AreDigits() const { return (((m_digits + 0x0606060606060606) | m_digits) & 0xF0F0F0F0F0F0F0F0) == 0; }
+
+    // For every position the number that its digit and the next one make.
+    uint64_t Pairs() const { return m_digits * 10 + (m_digits >> 8); }
+
+private:
+    uint64_t m_digits;
+};
+
+int At(uint64_t pairs, int position)
+{
+    return static_cast<int>(pairs >> (8 * position) & 0xFF);
+}
+
+// What every server sends: digits wherever they are expected. False for everything else.
+bool ReadPlainDateTime(std::string_view text, CDateTime& date)
+{
+    if (std::endian::native != std::endian::little || text.size() < 19)
+        return false;
+    const Digits front(text.data(), 8, 0x00FFFF00FFFFFFFF);      // 2024-03-
+    const Digits middle(text.data() + 8, 8, 0xFFFF00FFFF00FFFF); // 05 14:07
+    const Digits back(text.data() + 17, 2, 0xFFFF);              // 09
+    const int year = At(front.Pairs(), 0) * 100 + At(front.Pairs(), 2);
+    if (!front.AreDigits() || !middle.AreDigits() || !back.AreDigits() || year == 0)
+        return false;
+    date = CDateTime(year, At(front.Pairs(), 5), At(middle.Pairs(), 0), At(middle.Pairs(), 3), At(middle.Pairs(), 6),
+                     At(back.Pairs(), 0));
+    return true;
+}
+
 } // namespace
 
 CDateTime FromServerText(std::string_view text) noexcept
 {
-    if (text.size() <= 8)
-        return Empty();
-    const int year = Year(text);
-    if (year <= 0)
-        return Empty();
-    const int month = Pair(text, 5);
-    const int day = Pair(text, 8);
-    // KEPT K-51: the time is read from 18 characters on, although a full date-time has 19.
-    if (text.size() < 18)
-        return CDateTime(year, month, day, 0, 0, 0);
-    return CDateTime(year, month, day, Pair(text, 11), Pair(text, 14), Pair(text, 17));
+    CDateTime date;
+    return ReadPlainDateTime(text, date) ? date : FromPieces(text);
 }
 
 } // namespace datetime

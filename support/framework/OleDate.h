@@ -20,13 +20,13 @@ struct DayAndSecond
 /// The days from 1899-12-30 to a date. The year is at least 1; the date must exist.
 constexpr int DayNumber(int year, int month, int day) noexcept
 {
-    // The year is taken to begin in March, so that the leap day is its last and months have a regular rhythm.
-    const unsigned beforeMarch = month <= 2;
-    const unsigned years = static_cast<unsigned>(year) - beforeMarch;
-    const unsigned months = static_cast<unsigned>(month) + 12 * beforeMarch;
+    // The year is taken to begin in March, so that the leap day is its last. Counted from 0000-02-29 that makes
+    // 1899-12-30 day 693900; January and February are those of the year that began in March before.
+    constexpr int daysBeforeMonth[] = {0, 306, 337, 0, 31, 61, 92, 122, 153, 184, 214, 245, 275};
+    const unsigned years = static_cast<unsigned>(year) - (month <= 2);
     const unsigned centuries = years / 100;
-    const unsigned days = years * 1461 / 4 - centuries + centuries / 4 + (months * 979 - 2919) / 32;
-    return static_cast<int>(days) + day - 693900;
+    const unsigned days = years * 1461 / 4 - centuries + centuries / 4;
+    return static_cast<int>(days) + daysBeforeMonth[month] + day - 693900;
 }
 
 /// 1 Sunday to 7 Saturday, of a day counted from 1899-12-30 (a Saturday).

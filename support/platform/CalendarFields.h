@@ -23,18 +23,21 @@ constexpr bool IsLeapYear(int year) noexcept
     return (year % 25 == 0 ? year % 16 : year % 4) == 0;
 }
 
+/// The days of each month, 1 to 12, in a year that is no leap year.
+inline constexpr signed char commonDaysInMonth[] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
 /// The number of days of a month, 1 to 12.
 constexpr int DaysInMonth(int year, int month) noexcept
 {
-    return month == 2 ? (IsLeapYear(year) ? 29 : 28) : 30 + ((month + (month >> 3)) & 1);
+    return commonDaysInMonth[month] + (month == 2 && IsLeapYear(year));
 }
 
 /// True for a date that exists in the years 100 to 9999, the range of the OLE automation date.
 constexpr bool IsCalendarDate(int year, int month, int day) noexcept
 {
     return static_cast<unsigned>(year) - smallestYear <= largestYear - smallestYear &&
-           static_cast<unsigned>(month) - 1 < 12 && static_cast<unsigned>(day) - 1 < 31 &&
-           (day <= 28 || day <= DaysInMonth(year, month));
+           static_cast<unsigned>(month) - 1 < 12 && day >= 1 &&
+           (day <= commonDaysInMonth[month] || (month == 2 && day == 29 && IsLeapYear(year)));
 }
 
 /// True for a time from 00:00:00 to 23:59:59.
