@@ -109,10 +109,7 @@ public:
     bool IsEmpty() const noexcept { return m_items.empty(); }
 
     /// The element at `position`, valid until the array grows or shrinks; the spare element when out of range.
-    T& operator[](size_t position) noexcept
-    {
-        return position < m_items.size() ? m_items[position] : Spare(__LINE__);
-    }
+    T& operator[](size_t position) noexcept { return position < m_items.size() ? m_items[position] : Spare(__LINE__); }
     const T& operator[](size_t position) const noexcept
     {
         return position < m_items.size() ? m_items[position] : Spare(__LINE__);

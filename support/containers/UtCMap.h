@@ -6,20 +6,36 @@
 #include <cstdint>
 #include <functional>
 #include <new>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace containers {
 
-/// The hash that UtCMap uses for its keys: equal keys must have equal hashes.
-template <typename K> struct KeyHash
+/// What UtCMap needs to know of its keys. Equal keys have equal hashes. The quick forms take no function call, so that
+/// a lookup which needs nothing else stays short: QuickHash gives false when only Hash knows the hash, IsSurelyEqual
+/// gives false when the keys may still be equal.
+template <typename K> struct KeyTraits
 {
-    static uint64_t Of(const K& key) noexcept { return std::hash<K>{}(key) * 0x9E3779B97F4A7C15u; }
+    static uint64_t Hash(const K& key) noexcept
+    {
+        const uint64_t product = std::hash<K>{}(key)*0x9E3779B97F4A7C15u;
+        return product ^ (product >> 32);
+    }
+    static bool QuickHash(const K& key, uint64_t& hash) noexcept
+    {
+        hash = Hash(key);
+        return true;
+    }
+    static bool IsSurelyEqual(const K& left, const K& right) noexcept { return left == right; }
 };
-template <> struct KeyHash<UtCString>
+template <> struct KeyTraits<UtCString>
 {
-    static uint64_t Of(const UtCString& key) noexcept { return key.Hash(); }
+    static uint64_t Hash(const UtCString& key) noexcept { return key.Hash(); }
+    static bool QuickHash(const UtCString& key, uint64_t& hash) noexcept { return key.HashBytes(hash); }
+    static bool IsSurelyEqual(const UtCString& left, const UtCString& right) noexcept
+    {
+        return left.HasSameBytes(right);
+    }
 };
 
 } // namespace containers
@@ -32,71 +48,82 @@ template <> struct KeyHash<UtCString>
 /// No operation throws. Holds at most 2^31 entries. Not safe for use by several threads when one of them changes it.
 template <typename K, typename V> class UtCMap
 {
-public:
-    UtCMap() = default;
-    UtCMap(UtCMap&&) noexcept = default;
-    UtCMap& operator=(UtCMap&&) noexcept = default;
-    UtCMap(const UtCMap&) = delete;
-    UtCMap& operator=(const UtCMap&) = delete;
-    ~UtCMap() = default;
+    using Traits = containers::KeyTraits<K>;
 
+public:
     struct Entry
     {
         K key;
         V value;
     };
 
+    UtCMap() noexcept = default;
+    UtCMap(UtCMap&& other) noexcept { Swap(other); }
+    UtCMap& operator=(UtCMap&& other) noexcept
+    {
+        UtCMap taken(std::move(other));
+        Swap(taken);
+        return *this;
+    }
+    UtCMap(const UtCMap&) = delete;
+    UtCMap& operator=(const UtCMap&) = delete;
+    ~UtCMap() = default;
+
     /// Adds the pair unless the key is present. True when added; false when the key was present (its value stays) or
     /// memory ran out (the map is unchanged).
     bool Insert(const K& key, V value) noexcept
     {
-        const uint32_t hash = HashOf(key);
-        if (Locate(hash, key) != nullptr)
-            return false;
-        return Append(hash, key, std::move(value));
+        const auto hash = static_cast<uint32_t>(Traits::Hash(key));
+        return m_slots[Locate(hash, key)].number == 0 && Append(hash, key, std::move(value));
     }
 
     /// Adds the pair or replaces the value of the present key. False when memory ran out; the map is then unchanged.
     bool Set(const K& key, V value) noexcept
     {
-        const uint32_t hash = HashOf(key);
-        if (Slot* slot = Locate(hash, key)) {
-            m_entries[slot->number - 1].value = std::move(value);
-            return true;
-        }
-        return Append(hash, key, std::move(value));
+        const auto hash = static_cast<uint32_t>(Traits::Hash(key));
+        const uint32_t number = m_slots[Locate(hash, key)].number;
+        if (number == 0)
+            return Append(hash, key, std::move(value));
+        m_entries[number - 1].value = std::move(value);
+        return true;
     }
 
     /// The value of `key`, or null when it is absent.
     const V* Find(const K& key) const noexcept
     {
-        const Slot* slot = Locate(HashOf(key), key);
-        return slot == nullptr ? nullptr : &m_entries[slot->number - 1].value;
+        uint64_t hash;
+        if (!Traits::QuickHash(key, hash))
+            return FindThoroughly(key);
+        for (size_t at = hash & m_mask;; at = (at + 1) & m_mask) {
+            const Slot slot = m_slots[at];
+            if (slot.number == 0)
+                return nullptr;
+            if (slot.hash != static_cast<uint32_t>(hash))
+                continue;
+            const Entry& entry = m_entries[slot.number - 1];
+            return Traits::IsSurelyEqual(entry.key, key) ? &entry.value : FindThoroughly(key);
+        }
     }
     V* Find(const K& key) noexcept { return const_cast<V*>(std::as_const(*this).Find(key)); }
 
     /// Removes `key`; false when it was absent.
     bool Remove(const K& key) noexcept
     {
-        Slot* slot = Locate(HashOf(key), key);
-        if (slot == nullptr)
+        const size_t at = Locate(static_cast<uint32_t>(Traits::Hash(key)), key);
+        const uint32_t number = m_slots[at].number;
+        if (number == 0)
             return false;
-        const uint32_t number = slot->number;
-        CloseGap(static_cast<size_t>(slot - m_slots.data()));
+        CloseGap(at);
         MoveLastEntryTo(number);
         return true;
     }
 
     /// Removes all entries and gives their memory back.
-    void Clear() noexcept
-    {
-        std::vector<Entry>().swap(m_entries);
-        std::vector<Slot>().swap(m_slots);
-    }
+    void Clear() noexcept { *this = UtCMap(); }
 
     size_t GetCount() const noexcept { return m_entries.size(); }
 
-    /// Iteration over the entries. The keys are read-only; the values may be changed through the mutable form.
+    /// Iteration over the entries; ForEach calls `visit(key, value)` and lets it change the value.
     const Entry* begin() const noexcept { return m_entries.data(); }
     const Entry* end() const noexcept { return m_entries.data() + m_entries.size(); }
     template <typename F> void ForEach(F visit)
@@ -106,39 +133,44 @@ public:
     }
 
 private:
-    // An open-addressing table of references into the dense entries; number 0 marks a free slot.
+    // An open-addressing table of references into the dense entries; number 0 marks a free slot. At most half of the
+    // slots are in use. The empty map has one free slot that all share and nobody writes to.
     struct Slot
     {
         uint32_t hash = 0;
         uint32_t number = 0;
     };
+    static inline Slot noSlot;
 
-    static uint32_t HashOf(const K& key) noexcept { return static_cast<uint32_t>(containers::KeyHash<K>::Of(key)); }
-
-    const Slot* Locate(uint32_t hash, const K& key) const noexcept
+    void Swap(UtCMap& other) noexcept
     {
-        if (m_entries.empty())
-            return nullptr;
-        const size_t mask = m_slots.size() - 1;
-        for (size_t at = hash & mask;; at = (at + 1) & mask) {
-            const Slot& slot = m_slots[at];
-            if (slot.number == 0)
-                return nullptr;
-            if (slot.hash == hash && m_entries[slot.number - 1].key == key)
-                return &slot;
-        }
+        m_entries.swap(other.m_entries);
+        m_table.swap(other.m_table);
+        std::swap(m_slots, other.m_slots);
+        std::swap(m_mask, other.m_mask);
     }
-    Slot* Locate(uint32_t hash, const K& key) noexcept
+
+    // The lookup for keys whose quick forms do not tell.
+    [[gnu::noinline]] const V* FindThoroughly(const K& key) const noexcept
     {
-        return const_cast<Slot*>(std::as_const(*this).Locate(hash, key));
+        const uint32_t number = m_slots[Locate(static_cast<uint32_t>(Traits::Hash(key)), key)].number;
+        return number == 0 ? nullptr : &m_entries[number - 1].value;
+    }
+
+    // The slot of the key, or the free one where the search for it ends.
+    size_t Locate(uint32_t hash, const K& key) const noexcept
+    {
+        size_t at = hash & m_mask;
+        while (m_slots[at].number != 0 && (m_slots[at].hash != hash || !(m_entries[m_slots[at].number - 1].key == key)))
+            at = (at + 1) & m_mask;
+        return at;
     }
 
     bool Append(uint32_t hash, const K& key, V value) noexcept
     {
         try {
-            m_entries.reserve(GrownCapacity());
-            if (m_slots.size() < 2 * (m_entries.size() + 1))
-                Rehash(m_slots.empty() ? 16 : 2 * m_slots.size());
+            if (m_table.size() < 2 * (m_entries.size() + 1))
+                Rehash(m_table.empty() ? 16 : 2 * m_table.size());
             m_entries.push_back(Entry{key, std::move(value)});
         } catch (const std::bad_alloc&) {
             return false;
@@ -147,40 +179,36 @@ private:
             m_entries.pop_back(); // the copy of the key found no memory
             return false;
         }
-        Place(m_slots, hash, static_cast<uint32_t>(m_entries.size()));
+        Place(m_table, hash, static_cast<uint32_t>(m_entries.size()));
         return true;
-    }
-
-    size_t GrownCapacity() const noexcept
-    {
-        return m_entries.size() < m_entries.capacity() ? m_entries.capacity() : 2 * m_entries.size() + 8;
     }
 
     void Rehash(size_t slotCount)
     {
-        std::vector<Slot> slots(slotCount);
-        for (const Slot& slot : m_slots)
+        std::vector<Slot> table(slotCount);
+        for (const Slot& slot : m_table)
             if (slot.number != 0)
-                Place(slots, slot.hash, slot.number);
-        m_slots.swap(slots);
+                Place(table, slot.hash, slot.number);
+        m_table.swap(table);
+        m_slots = m_table.data();
+        m_mask = slotCount - 1;
     }
 
-    static void Place(std::vector<Slot>& slots, uint32_t hash, uint32_t number) noexcept
+    static void Place(std::vector<Slot>& table, uint32_t hash, uint32_t number) noexcept
     {
-        const size_t mask = slots.size() - 1;
+        const size_t mask = table.size() - 1;
         size_t at = hash & mask;
-        while (slots[at].number != 0)
+        while (table[at].number != 0)
             at = (at + 1) & mask;
-        slots[at] = Slot{hash, number};
+        table[at] = Slot{hash, number};
     }
 
     // Moves later members of the probe run up, so that no search stops at the freed slot too early.
     void CloseGap(size_t gap) noexcept
     {
-        const size_t mask = m_slots.size() - 1;
-        for (size_t at = (gap + 1) & mask; m_slots[at].number != 0; at = (at + 1) & mask) {
-            const size_t home = m_slots[at].hash & mask;
-            if (((at - home) & mask) < ((at - gap) & mask))
+        for (size_t at = (gap + 1) & m_mask; m_slots[at].number != 0; at = (at + 1) & m_mask) {
+            const size_t home = m_slots[at].hash & m_mask;
+            if (((at - home) & m_mask) < ((at - gap) & m_mask))
                 continue;
             m_slots[gap] = m_slots[at];
             gap = at;
@@ -190,23 +218,24 @@ private:
 
     void MoveLastEntryTo(uint32_t number) noexcept
     {
-        const uint32_t last = static_cast<uint32_t>(m_entries.size());
+        const auto last = static_cast<uint32_t>(m_entries.size());
         if (number != last) {
             m_entries[number - 1] = std::move(m_entries[last - 1]);
-            SlotOfNumber(HashOf(m_entries[number - 1].key), last).number = number;
+            SlotOfNumber(static_cast<uint32_t>(Traits::Hash(m_entries[number - 1].key)), last).number = number;
         }
         m_entries.pop_back();
     }
 
     Slot& SlotOfNumber(uint32_t hash, uint32_t number) noexcept
     {
-        const size_t mask = m_slots.size() - 1;
-        size_t at = hash & mask;
+        size_t at = hash & m_mask;
         while (m_slots[at].number != number)
-            at = (at + 1) & mask;
+            at = (at + 1) & m_mask;
         return m_slots[at];
     }
 
     std::vector<Entry> m_entries;
-    std::vector<Slot> m_slots;
+    std::vector<Slot> m_table;
+    Slot* m_slots = &noSlot;
+    size_t m_mask = 0;
 };

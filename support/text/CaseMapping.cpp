@@ -11,9 +11,9 @@ namespace {
 
 template <size_t size> uint32_t Map(const CaseRange (&ranges)[size], uint32_t character) noexcept
 {
-    const CaseRange* const range = std::lower_bound(
-        std::begin(ranges), std::end(ranges), character,
-        [](const CaseRange& candidate, uint32_t value) { return candidate.last < value; });
+    const CaseRange* const range =
+        std::lower_bound(std::begin(ranges), std::end(ranges), character,
+                         [](const CaseRange& candidate, uint32_t value) { return candidate.last < value; });
     if (range == std::end(ranges) || character < range->first || (character - range->first) % range->stride != 0)
         return character;
     return static_cast<uint32_t>(static_cast<int32_t>(character) + range->delta);

@@ -95,13 +95,9 @@ public:
 private:
     void Flush() noexcept
     {
-        m_hash = HashStep(m_hash, KeepFirst());
+        std::memset(m_bytes + m_count, 0, sizeof(m_bytes) - m_count);
+        m_hash = HashStep(m_hash, LoadWord(m_bytes));
         m_count = 0;
-    }
-    uint64_t KeepFirst() const noexcept
-    {
-        const uint64_t word = LoadWord(m_bytes);
-        return m_count == sizeof(m_bytes) ? word : KeepFirstBytes(word, m_count);
     }
 
     uint64_t m_hash;
@@ -225,9 +221,8 @@ bool ConvertsExactly(std::string_view bytes, eUtEncodingType from, eUtEncodingTy
     if (KeepsBytes(bytes, from, to))
         return true;
     return WithCodec(from, [&](auto source) {
-        return WithCodec(to, [&](auto target) {
-            return AllCharacters<decltype(source)>(bytes, &decltype(target)::CanHold);
-        });
+        return WithCodec(
+            to, [&](auto target) { return AllCharacters<decltype(source)>(bytes, &decltype(target)::CanHold); });
     });
 }
 

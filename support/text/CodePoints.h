@@ -9,10 +9,10 @@
 
 /// Reading and writing characters in the encodings that a text can carry.
 ///
-/// A character is a code point. What is not well-formed becomes one character per byte (UTF-16: per lone surrogate unit,
-/// and one for an odd last byte) with the number malformedBase + byte or unit, so that different malformed texts stay
-/// different and every text is the sequence of its characters again. A text whose encoding is none of 256, 1200, 1201
-/// and 65001 is opaque: its bytes below 0x80 are ASCII, every other byte is a malformed one.
+/// A character is a code point. What is not well-formed becomes one character per byte (UTF-16: per lone surrogate
+/// unit, and one for an odd last byte) with the number malformedBase + byte or unit, so that different malformed texts
+/// stay different and every text is the sequence of its characters again. A text whose encoding is none of 256, 1200,
+/// 1201 and 65001 is opaque: its bytes below 0x80 are ASCII, every other byte is a malformed one.
 namespace text {
 
 inline constexpr uint32_t malformedBase = 0x110000;
@@ -178,6 +178,11 @@ inline const Byte* Begin(std::string_view bytes) noexcept
 inline const Byte* End(std::string_view bytes) noexcept
 {
     return Begin(bytes) + bytes.size();
+}
+
+inline std::string_view Between(const Byte* begin, const Byte* end) noexcept
+{
+    return {reinterpret_cast<const char*>(begin), static_cast<size_t>(end - begin)};
 }
 
 /// Whether every byte is below 0x80.

@@ -4,8 +4,8 @@
 #include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
-#include <type_traits>
 
 namespace text {
 
@@ -30,23 +30,7 @@ std::string_view WithoutBlanks(std::string_view text) noexcept
     return text;
 }
 
-/// The digits of a number of so few that their value cannot overflow; false for any other text.
-template <typename Unsigned> bool ParseFewDigits(const char* at, const char* end, Unsigned& value) noexcept
-{
-    if (at == end || end - at > std::numeric_limits<Unsigned>::digits10)
-        return false;
-    Unsigned result = 0;
-    for (; at != end; ++at) {
-        const unsigned digit = static_cast<unsigned char>(*at) - static_cast<unsigned>('0');
-        if (digit > 9)
-            return false;
-        result = result * 10 + digit;
-    }
-    value = result;
-    return true;
-}
-
-template <typename T> bool ParseCarefully(std::string_view text, T& value) noexcept
+template <typename T> bool ParseInteger(std::string_view text, T& value) noexcept
 {
     text = WithoutBlanks(text);
     if (!text.empty() && text.front() == '+') {
@@ -63,55 +47,46 @@ template <typename T> bool ParseCarefully(std::string_view text, T& value) noexc
     return true;
 }
 
-template <typename T> bool ParseInteger(std::string_view text, T& value) noexcept
-{
-    using Unsigned = std::make_unsigned_t<T>;
-    const char* const end = text.data() + text.size();
-    const bool isNegative = std::is_signed_v<T> && !text.empty() && text.front() == '-';
-    Unsigned magnitude;
-    if (!ParseFewDigits(text.data() + isNegative, end, magnitude))
-        return ParseCarefully(text, value);
-    value = static_cast<T>(isNegative ? 0 - magnitude : magnitude);
-    return true;
-}
-
 // --- Floating point
 
-/// The largest power of ten and the largest integer that T holds exactly: a quotient or product of two such numbers is
-/// rounded once and therefore correctly.
+/// The powers of ten and the integers that T holds exactly: the quotient or product of two such numbers is rounded once
+/// and therefore correctly. A text longer than `longest` has more digits than that for sure or nearly so.
 template <typename T> struct Exact;
 template <> struct Exact<double>
 {
     static constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     static constexpr uint64_t largest = uint64_t{1} << 53;
+    static constexpr ptrdiff_t longest = 17;
 };
 template <> struct Exact<float>
 {
     static constexpr float powers[] = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
     static constexpr uint64_t largest = uint64_t{1} << 24;
+    static constexpr ptrdiff_t longest = 9;
 };
 
-/// Digits with at most one point and no exponent, exactly representable; false for any other text.
-template <typename T> bool ParsePlain(const char* at, const char* end, T& value) noexcept
+/// A number of digits with at most one point, no exponent and an exact result; false for any other text.
+template <typename T> bool ParsePlain(const char* begin, const char* end, T& value) noexcept
 {
-    if (FLT_EVAL_METHOD != 0 || end - at > 19)
+    if (FLT_EVAL_METHOD != 0 || end - begin > Exact<T>::longest)
         return false;
     uint64_t digits = 0;
-    const char* point = nullptr;
-    const char* const begin = at;
-    for (; at != end; ++at) {
+    const char* point = end;
+    for (const char* at = begin; at != end; ++at) {
         const unsigned digit = static_cast<unsigned char>(*at) - static_cast<unsigned>('0');
         if (digit <= 9)
             digits = digits * 10 + digit;
-        else if (*at == '.' && point == nullptr)
+        else if (*at == '.' && point == end)
             point = at;
         else
             return false;
     }
-    const auto decimals = static_cast<size_t>(point == nullptr ? 0 : end - point - 1);
-    const bool hasDigit = end - begin > (point == nullptr ? 0 : 1);
-    if (!hasDigit || digits > Exact<T>::largest || decimals >= std::size(Exact<T>::powers))
+    const bool hasPoint = point != end;
+    if (end - begin == hasPoint || digits > Exact<T>::largest)
+        return false;
+    const auto decimals = static_cast<size_t>(end - point) - hasPoint;
+    if (decimals >= std::size(Exact<T>::powers))
         return false;
     value = static_cast<T>(digits) / Exact<T>::powers[decimals];
     return true;
@@ -137,53 +112,74 @@ bool IsLarge(std::string_view text) noexcept
     return place + (isNegative ? -exponent : exponent) >= 0;
 }
 
-/// The number without sign, which starts with a digit or a point.
-template <typename T> bool ParseUnsigned(std::string_view text, T& value) noexcept
+/// A number without sign and blanks.
+template <typename T> bool ParseUnsigned(const char* begin, const char* end, T& value) noexcept
 {
-    const char* const end = text.data() + text.size();
+    if (begin == end || (!IsDigit(*begin) && *begin != '.'))
+        return false;
     T result = 0;
-    const auto parsed = std::from_chars(text.data(), end, result);
+    const auto parsed = std::from_chars(begin, end, result);
     if (parsed.ptr != end || parsed.ec == std::errc::invalid_argument)
         return false;
-    const bool isOut = parsed.ec == std::errc::result_out_of_range || std::isinf(result);
-    if (isOut && IsLarge(text))
+    const bool isOut = parsed.ec == std::errc::result_out_of_range || result > std::numeric_limits<T>::max();
+    if (isOut && IsLarge({begin, static_cast<size_t>(end - begin)}))
         return false;
     value = isOut ? T(0) : result;
     return true;
 }
 
-template <typename T> bool ParseReal(std::string_view text, T& value) noexcept
+template <typename T> bool ParseRealWithBlanks(std::string_view text, T& value) noexcept
 {
-    const char* at = text.data();
-    const bool isNegativeAtOnce = !text.empty() && *at == '-';
-    T result;
-    if (ParsePlain(at + isNegativeAtOnce, at + text.size(), result)) {
-        value = isNegativeAtOnce ? -result : result;
-        return true;
-    }
     text = WithoutBlanks(text);
     const bool isNegative = !text.empty() && text.front() == '-';
     if (isNegative || (!text.empty() && text.front() == '+'))
         text.remove_prefix(1);
-    if (text.empty() || (!IsDigit(text.front()) && text.front() != '.') || !ParseUnsigned(text, result))
+    T result;
+    if (!ParseUnsigned(text.data(), text.data() + text.size(), result))
         return false;
+    value = isNegative ? -result : result;
+    return true;
+}
+
+/// What the short way leaves: long fractions and exponents first.
+template <typename T> [[gnu::noinline]] bool ParseRealCarefully(std::string_view text, T& value) noexcept
+{
+    const char* const end = text.data() + text.size();
+    const size_t sign = !text.empty() && text.front() == '-';
+    if (text.size() > sign && IsDigit(text[sign])) {
+        T result;
+        const auto parsed = std::from_chars(text.data(), end, result);
+        if (parsed.ptr == end && parsed.ec == std::errc() && std::fabs(result) <= std::numeric_limits<T>::max()) {
+            value = result;
+            return true;
+        }
+    }
+    return ParseRealWithBlanks(text, value);
+}
+
+template <typename T> bool ParseReal(std::string_view text, T& value) noexcept
+{
+    const bool isNegative = !text.empty() && text.front() == '-';
+    T result;
+    if (!ParsePlain(text.data() + isNegative, text.data() + text.size(), result))
+        return ParseRealCarefully(text, value);
     value = isNegative ? -result : result;
     return true;
 }
 
 } // namespace
 
-bool ParseInt32(std::string_view text, int32_t& value) noexcept
+bool ParseCarefully(std::string_view text, int32_t& value) noexcept
 {
     return ParseInteger(text, value);
 }
 
-bool ParseUInt32(std::string_view text, uint32_t& value) noexcept
+bool ParseCarefully(std::string_view text, uint32_t& value) noexcept
 {
     return ParseInteger(text, value);
 }
 
-bool ParseInt64(std::string_view text, int64_t& value) noexcept
+bool ParseCarefully(std::string_view text, int64_t& value) noexcept
 {
     return ParseInteger(text, value);
 }

@@ -51,7 +51,7 @@ struct Arguments
     std::va_list list;
 };
 
-/// A formatted number: sign or base prefix, then digits, with zeros between and behind them.
+/// A formatted number: sign or base prefix, zeros, digits, zeros, exponent.
 struct Number
 {
     char prefix[4] = {};
@@ -59,13 +59,11 @@ struct Number
     size_t leadingZeros = 0;
     std::string_view digits;
     size_t trailingZeros = 0;
-    std::string_view suffix;
+    char exponent[8] = {};
+    size_t exponentSize = 0;
 
     void AddPrefix(char c) noexcept { prefix[prefixSize++] = c; }
-    size_t Size() const noexcept
-    {
-        return prefixSize + leadingZeros + digits.size() + trailingZeros + suffix.size();
-    }
+    size_t Size() const noexcept { return prefixSize + leadingZeros + digits.size() + trailingZeros + exponentSize; }
 };
 
 // --- Reading a specification
@@ -111,8 +109,8 @@ Length ReadLength(const char*& at) noexcept
     {
         std::string_view letters;
         Length length;
-    } lengths[] = {{"hh", Length::Char}, {"h", Length::Short},      {"ll", Length::LongLong}, {"l", Length::Long},
-                   {"j", Length::Max},   {"z", Length::Size},       {"t", Length::Difference}, {"L", Length::LongDouble}};
+    } lengths[] = {{"hh", Length::Char}, {"h", Length::Short}, {"ll", Length::LongLong},  {"l", Length::Long},
+                   {"j", Length::Max},   {"z", Length::Size},  {"t", Length::Difference}, {"L", Length::LongDouble}};
     for (const auto& candidate : lengths) {
         if (std::strncmp(at, candidate.letters.data(), candidate.letters.size()) == 0) {
             at += candidate.letters.size();
@@ -168,9 +166,17 @@ void AppendNumber(TextBuilder& out, const Spec& spec, Number number, bool mayZer
     out.AppendRepeated('0', number.leadingZeros);
     out.Append(number.digits);
     out.AppendRepeated('0', number.trailingZeros);
-    out.Append(number.suffix);
+    out.Append({number.exponent, number.exponentSize});
     if (spec.isLeft)
         out.AppendRepeated(' ', padding);
+}
+
+void AddSign(Number& number, bool isNegative, char plus) noexcept
+{
+    if (isNegative)
+        number.AddPrefix('-');
+    else if (plus != 0)
+        number.AddPrefix(plus);
 }
 
 void ToUpperAscii(char* begin, char* end) noexcept
@@ -244,10 +250,7 @@ void AppendInteger(TextBuilder& out, const Spec& spec, uint64_t magnitude, Numbe
 void AppendSigned(TextBuilder& out, const Spec& spec, int64_t value) noexcept
 {
     Number number;
-    if (value < 0)
-        number.AddPrefix('-');
-    else if (spec.plus != 0)
-        number.AddPrefix(spec.plus);
+    AddSign(number, value < 0, spec.plus);
     const auto bits = static_cast<uint64_t>(value);
     AppendInteger(out, spec, value < 0 ? 0 - bits : bits, number);
 }
@@ -285,28 +288,34 @@ size_t CountSignificantDigits(std::string_view digits) noexcept
     return counted.size() - static_cast<size_t>(std::count(counted.begin(), counted.end(), '.'));
 }
 
-/// Puts the exponent behind the zeros that the precision still wants, and the point of the alternate form.
-void CompleteDecimals(Number& number, char lowerConversion, int precision, bool isAlternate, char* digits) noexcept
+void SplitExponent(Number& number, char lowerConversion) noexcept
 {
-    const size_t exponentAt = number.digits.find_first_of(lowerConversion == 'a' ? "pP" : "eE");
-    static thread_local char suffix[16];
-    if (exponentAt != std::string_view::npos) {
-        const std::string_view exponent = number.digits.substr(exponentAt);
-        std::copy(exponent.begin(), exponent.end(), suffix);
-        number.suffix = {suffix, exponent.size()};
-        number.digits.remove_suffix(exponent.size());
-    }
-    if (isAlternate && number.digits.find('.') == std::string_view::npos) {
+    const size_t at = std::min(number.digits.find_first_of(lowerConversion == 'a' ? "pP" : "eE"), number.digits.size());
+    const std::string_view exponent = number.digits.substr(at);
+    std::copy(exponent.begin(), exponent.end(), number.exponent);
+    number.exponentSize = exponent.size();
+    number.digits = number.digits.substr(0, at);
+}
+
+/// The zeros that a precision beyond that of the buffer wants, and what the alternate form adds: point, zeros of "%g".
+void CompleteDecimals(Number& number, const Spec& spec, char lowerConversion, int precision, char* digits) noexcept
+{
+    SplitExponent(number, lowerConversion);
+    if (spec.isAlternate && number.digits.find('.') == std::string_view::npos) {
         digits[number.digits.size()] = '.';
         number.digits = {digits, number.digits.size() + 1};
     }
     const auto wanted = static_cast<size_t>(std::max(precision, 0));
-    if (lowerConversion == 'g') {
-        const size_t has = CountSignificantDigits(number.digits);
-        number.trailingZeros = isAlternate && wanted > has ? wanted - has : 0;
-    } else if (precision > mostDigits) {
-        number.trailingZeros = wanted - mostDigits;
-    }
+    const size_t has = lowerConversion == 'g' ? CountSignificantDigits(number.digits) : size_t{mostDigits};
+    if (wanted > has && (lowerConversion != 'g' || spec.isAlternate))
+        number.trailingZeros = wanted - has;
+}
+
+char* WriteMagnitude(char* begin, char* end, double magnitude, char lowerConversion, int precision) noexcept
+{
+    if (precision < 0)
+        return std::to_chars(begin, end, magnitude, std::chars_format::hex).ptr;
+    return std::to_chars(begin, end, magnitude, NotationOf(lowerConversion), std::min(precision, mostDigits)).ptr;
 }
 
 void AppendReal(TextBuilder& out, const Spec& spec, double value) noexcept
@@ -317,16 +326,9 @@ void AppendReal(TextBuilder& out, const Spec& spec, double value) noexcept
     if (lower == 'g' && precision == 0)
         precision = 1;
     Number number;
-    if (std::signbit(value))
-        number.AddPrefix('-');
-    else if (spec.plus != 0)
-        number.AddPrefix(spec.plus);
+    AddSign(number, std::signbit(value), spec.plus);
     char digits[mostDigits + 330];
-    char* const limit = digits + sizeof(digits) - 1;
-    const double magnitude = std::fabs(value);
-    char* const end = precision < 0
-                          ? std::to_chars(digits, limit, magnitude, std::chars_format::hex).ptr
-                          : std::to_chars(digits, limit, magnitude, NotationOf(lower), std::min(precision, mostDigits)).ptr;
+    char* const end = WriteMagnitude(digits, digits + sizeof(digits) - 1, std::fabs(value), lower, precision);
     if (isUpper)
         ToUpperAscii(digits, end);
     number.digits = {digits, static_cast<size_t>(end - digits)};
@@ -336,7 +338,7 @@ void AppendReal(TextBuilder& out, const Spec& spec, double value) noexcept
         number.AddPrefix('0');
         number.AddPrefix(isUpper ? 'X' : 'x');
     }
-    CompleteDecimals(number, lower, precision, spec.isAlternate, digits);
+    CompleteDecimals(number, spec, lower, precision, digits);
     AppendNumber(out, spec, number, true);
 }
 

@@ -11,7 +11,11 @@ namespace text {
 class TextBuilder
 {
 public:
-    explicit TextBuilder(eUtEncodingType encoding) noexcept : m_text(encoding) {}
+    /// `expectedSize` is the number of bytes that the text will have, if it is known roughly.
+    explicit TextBuilder(eUtEncodingType encoding, size_t expectedSize = 0) noexcept
+        : m_text(encoding), m_failed(!m_text.Reserve(expectedSize))
+    {
+    }
 
     /// Appends bytes that are in the encoding of the text.
     void Append(std::string_view bytes) noexcept { Append(bytes, m_text.GetEncodingType()); }
@@ -39,9 +43,12 @@ public:
         return std::move(m_text);
     }
 
+    /// Whether memory ran out.
+    bool HasFailed() const noexcept { return m_failed; }
+
 private:
     UtCString m_text;
-    bool m_failed = false;
+    bool m_failed;
 };
 
 } // namespace text

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
-/// The hash of a text's characters in UTF-8, as a sequence of steps over 8-byte words. The last word holds the remaining
-/// bytes and zeros; the length goes into the start value, so that texts which differ in trailing zeros differ too.
+/// The hash of a text's characters in UTF-8, as a sequence of steps over 8-byte words. The last word is padded with
+/// zeros; the size goes into the start value, so that texts which differ in trailing zero bytes differ too.
 namespace text {
 
 inline constexpr uint64_t asciiMask = 0x8080808080808080u;
@@ -16,15 +15,6 @@ inline uint64_t LoadWord(const char* at) noexcept
     uint64_t word;
     std::memcpy(&word, at, sizeof(word));
     return word;
-}
-
-/// The first `count` (0 to 7) bytes of a word in memory order; the others become zero.
-constexpr uint64_t KeepFirstBytes(uint64_t word, size_t count) noexcept
-{
-    if constexpr (std::endian::native == std::endian::little)
-        return word & ((uint64_t{1} << (8 * count)) - 1);
-    else
-        return count == 0 ? 0 : word & (~uint64_t{0} << (8 * (8 - count)));
 }
 
 constexpr uint64_t HashStart(size_t size) noexcept

@@ -40,7 +40,8 @@ size_t PrefixSize(Tagged text, Tagged prefix, LetterCase letterCase) noexcept;
 /// The byte offset of the first character at or behind `from` that is one of `set`.
 size_t FindOneOf(Tagged text, size_t from, Tagged set) noexcept;
 
-/// The byte offset behind the leading characters that are in `set`, and the one where the trailing such characters begin.
+/// The byte offset behind the leading characters that are in `set`, and the one where the trailing such characters
+/// begin.
 size_t LeadingEnd(Tagged text, Tagged set) noexcept;
 size_t TrailingBegin(Tagged text, Tagged set) noexcept;
 

@@ -48,14 +48,14 @@ bool UtCString::Reserve(size_t capacity) noexcept
     if (capacity <= m_capacity)
         return true;
     char* block = nullptr;
-    const size_t generous = std::max(capacity, m_capacity + m_capacity / 2);
+    const size_t generous = std::max(capacity, 2 * m_capacity);
     if (capacity <= largestSize)
         block = static_cast<char*>(UtAllocMemoryBlock(generous + slack));
     if (block == nullptr) {
         SetEmpty();
         return false;
     }
-    std::memcpy(block, m_data, m_size + 2);
+    std::memcpy(block, m_data, m_size + slack);
     if (m_data != m_inline)
         ReleaseBlock();
     m_data = block;
@@ -249,8 +249,8 @@ bool UtCString::GetMemCopy(unsigned char** bytes, size_t& size, int terminatorBy
 
 bool UtCString::ChangeEncodingType(eUtEncodingType encoding) noexcept
 {
-    const bool isConverted = encoding == m_encoding || IsEmpty() ||
-                             (text::IsConvertible(encoding) && text::IsConvertible(m_encoding));
+    const bool isConverted =
+        encoding == m_encoding || IsEmpty() || (text::IsConvertible(encoding) && text::IsConvertible(m_encoding));
     if (text::KeepsBytes(View(), m_encoding, encoding)) {
         m_encoding = encoding;
         return isConverted;

@@ -14,6 +14,9 @@ class UtCStringList;
 namespace text {
 class TextBuilder;
 }
+namespace containers {
+template <typename K> struct KeyTraits;
+}
 
 #ifndef _MSC_VER
 #ifndef __int64
@@ -23,9 +26,9 @@ class TextBuilder;
 
 /// An owned, growable byte string with an encoding tag.
 ///
-/// Characters: positions and counts are in characters, zero-based. A character is a Unicode code point; what is malformed
-/// counts one per byte (UTF-16: one per lone surrogate, and one for an odd last byte). A zero byte is a character like
-/// any other.
+/// Characters: positions and counts are in characters, zero-based. A character is a Unicode code point; what is
+/// malformed counts one per byte (UTF-16: one per lone surrogate, and one for an odd last byte). A zero byte is a
+/// character like any other.
 ///
 /// Encodings: 256 is Windows-1252; its five undefined bytes stand for the control characters U+0081, U+008D, U+008F,
 /// U+0090 and U+009D, so that every byte survives a round trip. Conversions between 256, 65001, 1200 and 1201 are
@@ -52,8 +55,9 @@ public:
     {
     }
 
-    /// Takes a zero-terminated text (null gives the empty text). Its bytes are taken as they are, as a text in `encoding`;
-    /// with 1200 or 1201 they are read as Windows-1252 and converted, as a zero-terminated char text cannot be UTF-16.
+    /// Takes a zero-terminated text (null gives the empty text). Its bytes are taken as they are, as a text in
+    /// `encoding`; with 1200 or 1201 they are read as Windows-1252 and converted, as a zero-terminated char text cannot
+    /// be UTF-16.
     UtCString(const char* text, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept : UtCString(encoding)
     {
         const size_t size = text == nullptr ? 0 : std::strlen(text);
@@ -68,18 +72,16 @@ public:
     /// Takes a zero-terminated text that is in `sourceEncoding` (for 1200 and 1201: it ends at the first zero unit) and
     /// converts it to `encoding`. Null gives the empty text.
     UtCString(const char* text, eUtEncodingType encoding, eUtEncodingType sourceEncoding) noexcept;
-    /// Takes the bytes as they are, zero bytes included, and tags them. Serves the framework's 8-bit string type as well.
+    /// Takes the bytes as they are, zero bytes included, and tags them. Serves the framework's 8-bit string type as
+    /// well.
     UtCString(std::string_view bytes, eUtEncodingType encoding) noexcept : UtCString(encoding)
     {
         SetMemCopy(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), encoding);
     }
-    /// Takes a zero-terminated wide text (UTF-16 or UTF-32, as wide as the platform's wchar_t) and converts it. Null gives
-    /// the empty text.
+    /// Takes a zero-terminated wide text (UTF-16 or UTF-32, as wide as the platform's wchar_t) and converts it. Null
+    /// gives the empty text.
     explicit UtCString(const wchar_t* text, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
-    UtCString(const UtCString& other) noexcept : UtCString(other.m_encoding)
-    {
-        SetMemCopy(reinterpret_cast<const unsigned char*>(other.m_data), other.m_size, other.m_encoding);
-    }
+    UtCString(const UtCString& other) noexcept : UtCString(other.m_encoding) { *this = other; }
     /// The source becomes empty and keeps its encoding.
     UtCString(UtCString&& other) noexcept : UtCString(other.m_encoding) { TakeFrom(other); }
     UtCString(const UtCString& other, eUtEncodingType encoding) noexcept; ///< a copy converted to `encoding`
@@ -89,16 +91,16 @@ public:
     explicit UtCString(int value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
     explicit UtCString(unsigned int value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
     explicit UtCString(long value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
-    /// Decimal text of a 32-bit value: a negative number that was cast to `unsigned long` reads as it does where that type
-    /// has 32 bits (-1 is "4294967295").
+    /// Decimal text of a 32-bit value: a negative number that was cast to `unsigned long` reads as it does where that
+    /// type has 32 bits (-1 is "4294967295").
     explicit UtCString(unsigned long value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
     explicit UtCString(__int64 value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
     explicit UtCString(unsigned __int64 value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
-    /// The shortest text that reads back as the same number: plain notation ("0.25", "1000000") for 0 and for magnitudes
-    /// from 0.00001 to below 1e15, otherwise scientific ("1e+15"). "-0", "inf", "-inf", "nan" as named.
+    /// The shortest text that reads back as the same number: plain notation ("0.25", "1000000") for 0 and for
+    /// magnitudes from 0.00001 to below 1e15, otherwise scientific ("1e+15"). "-0", "inf", "-inf", "nan" as named.
     explicit UtCString(double value, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
-    /// The number in plain notation with exactly `width` digits behind the point, at least 0 (then without the point) and
-    /// at most 100: 32.0 with width 2 is "32.00".
+    /// The number in plain notation with exactly `width` digits behind the point, at least 0 (then without the point)
+    /// and at most 100: 32.0 with width 2 is "32.00".
     UtCString(double value, int width, eUtEncodingType encoding) noexcept;
 
     ~UtCString()
@@ -109,7 +111,13 @@ public:
 
     UtCString& operator=(const UtCString& other) noexcept
     {
-        SetMemCopy(reinterpret_cast<const unsigned char*>(other.m_data), other.m_size, other.m_encoding);
+        if (other.m_size > inlineCapacity) {
+            SetMemCopy(reinterpret_cast<const unsigned char*>(other.m_data), other.m_size, other.m_encoding);
+            return *this;
+        }
+        std::memmove(m_data, other.m_data, sizeof(m_inline)); // no buffer is smaller, and a fixed size takes no call
+        m_size = other.m_size;
+        m_encoding = other.m_encoding;
         return *this;
     }
     /// The source becomes empty, unless it is this text.
@@ -119,20 +127,24 @@ public:
 
     // Access
 
-    /// The bytes, followed by a terminating zero (two zero bytes, so that it ends a UTF-16 text too). Valid until the next
+    /// The bytes, followed by a terminating zero (eight zero bytes, which end a UTF-16 text too). Valid until the next
     /// change.
     const char* string() const noexcept { return m_data; }
-    std::string_view View() const noexcept { return {m_data, m_size}; } ///< without the zeros, valid until the next change
+    std::string_view View() const noexcept
+    {
+        return {m_data, m_size};
+    } ///< without the zeros, valid until the next change
     eUtEncodingType GetEncodingType() const noexcept { return m_encoding; }
     bool IsEmpty() const noexcept { return m_size == 0; }
     int GetLength() const noexcept; ///< in characters; at most 2147483647
     size_t GetByteLength() const noexcept { return m_size; }
-    /// A buffer of `size` bytes and the two zero bytes behind them, to be written by C functions; it holds the present
+    /// A buffer of `size` bytes and eight zero bytes behind them, to be written by C functions; it holds the present
     /// text, cut at `size`, and zeros. Valid until the next change; ReleaseBuffer ends the writing. Null, with the text
     /// empty, when memory ran out. A negative size is 0.
     char* GetBuffer(int size) noexcept;
     /// Ends the writing into GetBuffer: the text is what stands there before the first zero (1200, 1201: zero unit), at
-    /// most the size that was asked for, and is in `encoding`. Without a GetBuffer before it cuts at a zero in the same way.
+    /// most the size that was asked for, and is in `encoding`. Without a GetBuffer before it cuts at a zero in the same
+    /// way.
     void ReleaseBuffer(eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
     /// A zero-terminated copy in the 8-bit encoding `encoding`, for the caller to free with UtFreeMemory. False, with
     /// `*text` null, when `encoding` is 1200 or 1201 or memory ran out; false when `text` is null.
@@ -156,17 +168,13 @@ public:
     /// Converts the text. The tag is `encoding` afterwards in any case. True when the text is in `encoding` then; false
     /// when one of the two encodings is never converted (the bytes are kept, only the tag changes) or memory ran out.
     bool ChangeEncodingType(eUtEncodingType encoding) noexcept;
-    /// Texts that are equal have equal hashes, whatever their encodings. Not for storing: it may differ between systems.
+    /// Texts that are equal have equal hashes, whatever their encodings. Not for storing: it may differ between
+    /// systems.
     uint64_t Hash() const noexcept;
 
     // Comparison: of the texts, character by character, also when the encodings differ
 
-    bool operator==(const UtCString& other) const noexcept
-    {
-        if (m_encoding != other.m_encoding)
-            return EqualsOtherEncoding(other);
-        return m_size == other.m_size && SameBytes(m_data, other.m_data, m_size);
-    }
+    bool operator==(const UtCString& other) const noexcept;
     bool operator!=(const UtCString& other) const noexcept { return !(*this == other); }
     bool operator==(const char* text) const noexcept;
     bool operator!=(const char* text) const noexcept { return !(*this == text); }
@@ -189,22 +197,22 @@ public:
     /// `exact` false ignores letter case. Every text starts and ends with the empty text.
     bool StartsWith(const UtCString& text, bool exact) const noexcept;
     bool EndsWith(const UtCString& text, bool exact) const noexcept;
-    bool IsNumber() const noexcept; ///< an optional "+" or "-" and at least one ASCII digit, nothing else
+    bool IsNumber() const noexcept;            ///< an optional "+" or "-" and at least one ASCII digit, nothing else
     bool IsDigit(int position) const noexcept; ///< an ASCII digit stands there; false out of range
 
     // Change (copies, in this text's encoding)
 
     /// `count` characters from `start` on; fewer at the end. A negative count is "to the end", a negative start 0.
     UtCString substr(int start, int count = -1) const noexcept;
-    UtCString trim() const noexcept; ///< without the blanks (U+0020 only) at both ends
+    UtCString trim() const noexcept;                     ///< without the blanks (U+0020 only) at both ends
     UtCString trim(const UtCString& set) const noexcept; ///< without the characters of `set` at both ends
     UtCString trimLeft(const UtCString& set) const noexcept;
     UtCString trimRight() const noexcept;
     UtCString trimRight(const UtCString& set) const noexcept;
     UtCString toUpper() const noexcept;
     UtCString toLower() const noexcept;
-    /// Every occurrence, found from left to right, of `oldText` becomes `newText`; `exact` false ignores letter case. An
-    /// empty `oldText` changes nothing.
+    /// Every occurrence, found from left to right, of `oldText` becomes `newText`; `exact` false ignores letter case.
+    /// An empty `oldText` changes nothing.
     UtCString replace(const UtCString& oldText, const UtCString& newText, bool exact = true) const noexcept;
     UtCString replace(const char* oldText, const char* newText,
                       eUtEncodingType encoding = UT_ENCODING_DEFAULT) const noexcept; ///< both are in `encoding`
@@ -224,14 +232,14 @@ public:
     void Enclose(const UtCString& text) noexcept; ///< `text` before and after
     void Enclose(const UtCString& left, const UtCString& right) noexcept;
     UtCString& operator+=(const UtCString& text) noexcept;
-    UtCString& operator+=(const char* text) noexcept; ///< in encoding 256, converted
-    UtCString& operator+=(char character) noexcept;   ///< in encoding 256, converted
-    UtCString& operator+=(int) = delete;              ///< a number would be taken for a character
+    UtCString& operator+=(const char* text) noexcept;        ///< in encoding 256, converted
+    UtCString& operator+=(char character) noexcept;          ///< in encoding 256, converted
+    UtCString& operator+=(int) = delete;                     ///< a number would be taken for a character
     UtCString& AppendBytes(std::string_view bytes) noexcept; ///< bytes that already are in this text's encoding
     UtCString operator+(const UtCString& text) const noexcept;
     UtCString operator+(const char* text) const noexcept;
-    /// Both pieces with exactly one "\" between them: all "\" and "/" at the joint are replaced by it. When one piece is
-    /// empty the result is the other one, unchanged. The result has the encoding of `directory`.
+    /// Both pieces with exactly one "\" between them: all "\" and "/" at the joint are replaced by it. When one piece
+    /// is empty the result is the other one, unchanged. The result has the encoding of `directory`.
     static UtCString JoinFilePath(const UtCString& directory, const UtCString& name) noexcept;
 
     // Formatting: keep the encoding tag unless they name one
@@ -243,8 +251,8 @@ public:
     void AppendFormat(const char* format, ...) noexcept; ///< appends what Format would give
     /// Becomes `format` with each "%s", in order, filled with the next item of the list, in `encoding`. Items are
     /// converted to it and taken as they are: a "%s" inside an item stays. "%%" gives "%"; any other "%" stays as it is
-    /// ("%lu"). A missing item gives nothing, surplus items are ignored. `format` is a zero-terminated text in `encoding`
-    /// (1200, 1201: in Windows-1252).
+    /// ("%lu"). A missing item gives nothing, surplus items are ignored. `format` is a zero-terminated text in
+    /// `encoding` (1200, 1201: in Windows-1252).
     void FormatStringList(const char* format, const UtCStringList& list,
                           eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept;
     /// Appends what FormatStringList would give, converted to the encoding of this text.
@@ -254,15 +262,16 @@ public:
     // Splitting
 
     /// Splits at every occurrence of `separator` and returns the number of pieces, which replace what `list` holds. The
-    /// pieces may be empty: "a,,b," has four, the empty text has one. An empty separator gives one piece, the whole text.
+    /// pieces may be empty: "a,,b," has four, the empty text has one. An empty separator gives one piece, the whole
+    /// text.
     int Tokenize(const UtCString& separator, UtCStringList& list) const noexcept;
     /// Replaces what `list` holds by the runs of ASCII digits, at most `maximum` of them (negative: all); returns their
     /// number.
     int TokenizeNumeric(UtCStringList& list, long maximum = -1) const noexcept;
 
-    // Conversion: the whole text as a number, with blanks and tabs allowed around it; false, and the target untouched, when
-    // it is not one or out of range. An optional "+" or "-", decimal digits; a fraction behind "." and an exponent for
-    // float and double. No hexadecimal, no "inf" or "nan". A magnitude too small for the type reads as 0.
+    // Conversion: the whole text as a number, with blanks and tabs allowed around it; false, and the target untouched,
+    // when it is not one or out of range. An optional "+" or "-", decimal digits; a fraction behind "." and an exponent
+    // for float and double. No hexadecimal, no "inf" or "nan". A magnitude too small for the type reads as 0.
 
     bool Convert(int& value) const noexcept;
     bool Convert(long& value) const noexcept;          ///< 32 bits: -2147483648 to 2147483647
@@ -273,25 +282,17 @@ public:
 
 private:
     friend class text::TextBuilder;
+    friend struct containers::KeyTraits<UtCString>;
 
     static constexpr size_t inlineCapacity = 24;
-    // Behind the capacity there is room for the terminator, and for reading the text in whole words.
+    // Behind the text stand eight zero bytes: its terminator, and the padding of its last word, so that comparing and
+    // hashing go by whole words.
     static constexpr size_t slack = 8;
-
-    // `count` bytes of two buffers that may be read up to the next multiple of 8 bytes.
-    static bool SameBytes(const char* left, const char* right, size_t count) noexcept
-    {
-        for (; count >= 8; count -= 8, left += 8, right += 8)
-            if (text::LoadWord(left) != text::LoadWord(right))
-                return false;
-        return text::KeepFirstBytes(text::LoadWord(left) ^ text::LoadWord(right), count) == 0;
-    }
 
     void SetSize(size_t size) noexcept
     {
         m_size = size;
-        m_data[size] = 0;
-        m_data[size + 1] = 0;
+        std::memset(m_data + size, 0, slack);
     }
     void TakeFrom(UtCString& other) noexcept
     {
@@ -317,10 +318,14 @@ private:
     void AppendText(std::string_view bytes, eUtEncodingType encoding) noexcept;
     bool PointsInto(std::string_view bytes) const noexcept;
     void Erase(size_t begin, size_t end) noexcept;
+    // Whether the hash of the bytes, which is set in any case, is the hash of the text.
+    bool HashBytes(uint64_t& hash) const noexcept;
+    bool HasSameBytes(const UtCString& other) const noexcept;
     bool EqualsOtherEncoding(const UtCString& other) const noexcept;
     uint64_t HashOfCharacters() const noexcept;
     UtCString Piece(size_t begin, size_t end) const noexcept;
-    void MapCase(uint32_t (*map)(uint32_t) noexcept) noexcept;
+    bool MapAscii(uint64_t (*map)(uint64_t) noexcept) noexcept;
+    void MapCharacters(uint32_t (*map)(uint32_t) noexcept) noexcept;
 
     char* m_data;
     size_t m_size;
@@ -329,22 +334,36 @@ private:
     char m_inline[inlineCapacity + slack];
 };
 
+inline bool UtCString::HashBytes(uint64_t& hash) const noexcept
+{
+    uint64_t result = text::HashStart(m_size);
+    uint64_t seen = 0;
+    for (size_t at = 0; at < m_size; at += sizeof(uint64_t)) {
+        const uint64_t word = text::LoadWord(m_data + at);
+        seen |= word;
+        result = text::HashStep(result, word);
+    }
+    hash = result;
+    return m_encoding == UT_ENCODING_UTF8 || (m_encoding == UT_ENCODING_DEFAULT && (seen & text::asciiMask) == 0);
+}
+
+inline bool UtCString::HasSameBytes(const UtCString& other) const noexcept
+{
+    if (m_encoding != other.m_encoding || m_size != other.m_size)
+        return false;
+    for (size_t at = 0; at < m_size; at += sizeof(uint64_t))
+        if (text::LoadWord(m_data + at) != text::LoadWord(other.m_data + at))
+            return false;
+    return true;
+}
+
 inline uint64_t UtCString::Hash() const noexcept
 {
-    uint64_t hash = text::HashStart(m_size);
-    uint64_t seen = 0;
-    const char* at = m_data;
-    size_t rest = m_size;
-    for (; rest >= 8; rest -= 8, at += 8) {
-        seen |= text::LoadWord(at);
-        hash = text::HashStep(hash, text::LoadWord(at));
-    }
-    if (rest != 0) {
-        const uint64_t last = text::KeepFirstBytes(text::LoadWord(at), rest);
-        seen |= last;
-        hash = text::HashStep(hash, last);
-    }
-    const bool hashesItsBytes = (seen & text::asciiMask) == 0 || m_encoding != UT_ENCODING_DEFAULT;
-    const bool isUtf16 = m_encoding == UT_ENCODING_UTF16_LE || m_encoding == UT_ENCODING_UTF16_BE;
-    return hashesItsBytes && !isUtf16 ? hash : HashOfCharacters();
+    uint64_t hash;
+    return HashBytes(hash) ? hash : HashOfCharacters();
+}
+
+inline bool UtCString::operator==(const UtCString& other) const noexcept
+{
+    return m_encoding == other.m_encoding ? HasSameBytes(other) : EqualsOtherEncoding(other);
 }

@@ -4,6 +4,8 @@
 #include "text/TextSearch.h"
 #include "text/UtCString.h"
 
+#include <cstring>
+
 using text::LetterCase;
 using text::Match;
 using text::Tagged;
@@ -16,6 +18,14 @@ Tagged TaggedView(const UtCString& text) noexcept
     return {text.View(), text.GetEncodingType()};
 }
 
+/// A zero-terminated text as the constructor reads it.
+Tagged CharText(const char* text, eUtEncodingType encoding) noexcept
+{
+    const std::string_view bytes = text == nullptr ? std::string_view() : std::string_view(text);
+    return {bytes, text::IsUtf16(encoding) ? UT_ENCODING_DEFAULT : encoding};
+}
+
+constexpr Tagged separators{"\\/", UT_ENCODING_DEFAULT};
 constexpr Tagged blank{" ", UT_ENCODING_DEFAULT};
 
 UtCString ReplaceAll(const UtCString& text, Tagged oldText, Tagged newText, LetterCase letterCase) noexcept
@@ -43,8 +53,7 @@ uint32_t MapWithin(text::Windows1252, uint32_t character, uint32_t (*map)(uint32
     return text::Windows1252::CanHold(mapped) ? mapped : character;
 }
 
-template <typename Codec>
-uint32_t MapWithin(Codec, uint32_t character, uint32_t (*map)(uint32_t) noexcept) noexcept
+template <typename Codec> uint32_t MapWithin(Codec, uint32_t character, uint32_t (*map)(uint32_t) noexcept) noexcept
 {
     return map(character);
 }
@@ -111,34 +120,46 @@ UtCString UtCString::toLower() const noexcept
 
 void UtCString::SetToUpper() noexcept
 {
-    MapCase(&text::ToUpper);
+    if (!MapAscii(&text::ToUpperAscii))
+        MapCharacters(&text::ToUpper);
 }
 
 void UtCString::SetToLower() noexcept
 {
-    MapCase(&text::ToLower);
+    if (!MapAscii(&text::ToLowerAscii))
+        MapCharacters(&text::ToLower);
 }
 
-void UtCString::MapCase(uint32_t (*map)(uint32_t) noexcept) noexcept
+// Maps the text in place and by words when it is all ASCII; the padding of the last word holds no letter.
+bool UtCString::MapAscii(uint64_t (*map)(uint64_t) noexcept) noexcept
 {
-    if (!text::IsUtf16(m_encoding) && text::IsAscii(View())) {
-        for (size_t at = 0; at < m_size; ++at)
-            m_data[at] = static_cast<char>(map(static_cast<unsigned char>(m_data[at])));
-        return;
+    if (text::IsUtf16(m_encoding) || !text::IsAscii(View()))
+        return false;
+    for (size_t at = 0; at < m_size; at += sizeof(uint64_t)) {
+        const uint64_t word = map(text::LoadWord(m_data + at));
+        std::memcpy(m_data + at, &word, sizeof(word));
     }
+    return true;
+}
+
+void UtCString::MapCharacters(uint32_t (*map)(uint32_t) noexcept) noexcept
+{
     TextBuilder builder(m_encoding);
     text::WithCodec(m_encoding, [&](auto codec) {
+        const text::Byte* copied = text::Begin(View());
         const text::Byte* const end = text::End(View());
-        for (const text::Byte* at = text::Begin(View()); at != end;) {
+        for (const text::Byte* at = copied; at != end;) {
             const text::Byte* const start = at;
             const uint32_t character = codec.Next(at, end);
             const uint32_t mapped = MapWithin(codec, character, map);
-            char other[4];
             if (mapped == character)
-                builder.Append({reinterpret_cast<const char*>(start), static_cast<size_t>(at - start)});
-            else
-                builder.Append({other, static_cast<size_t>(codec.Put(other, mapped) - other)});
+                continue;
+            char other[4];
+            builder.Append(text::Between(copied, start));
+            builder.Append({other, static_cast<size_t>(codec.Put(other, mapped) - other)});
+            copied = at;
         }
+        builder.Append(text::Between(copied, end));
     });
     *this = builder.Take();
 }
@@ -147,13 +168,12 @@ void UtCString::MapCase(uint32_t (*map)(uint32_t) noexcept) noexcept
 
 UtCString UtCString::replace(const UtCString& oldText, const UtCString& newText, bool exact) const noexcept
 {
-    return ReplaceAll(*this, TaggedView(oldText), TaggedView(newText),
-                      exact ? LetterCase::Exact : LetterCase::Ignored);
+    return ReplaceAll(*this, TaggedView(oldText), TaggedView(newText), exact ? LetterCase::Exact : LetterCase::Ignored);
 }
 
 UtCString UtCString::replace(const char* oldText, const char* newText, eUtEncodingType encoding) const noexcept
 {
-    return replace(UtCString(oldText, encoding), UtCString(newText, encoding));
+    return ReplaceAll(*this, CharText(oldText, encoding), CharText(newText, encoding), LetterCase::Exact);
 }
 
 UtCString UtCString::replace(char oldCharacter, char newCharacter) const noexcept
@@ -254,10 +274,11 @@ UtCString UtCString::JoinFilePath(const UtCString& directory, const UtCString& n
         return UtCString(name, directory.m_encoding);
     if (name.IsEmpty())
         return directory;
-    const UtCString separators("\\/");
+    const size_t directoryEnd = text::TrailingBegin(TaggedView(directory), separators);
+    const size_t nameBegin = text::LeadingEnd(TaggedView(name), separators);
     TextBuilder builder(directory.m_encoding);
-    builder.AppendText(directory.trimRight(separators));
+    builder.Append(directory.View().substr(0, directoryEnd));
     builder.Append("\\", UT_ENCODING_DEFAULT);
-    builder.AppendText(name.trimLeft(separators));
+    builder.Append(name.View().substr(nameBegin), name.m_encoding);
     return builder.Take();
 }

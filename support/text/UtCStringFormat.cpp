@@ -17,26 +17,34 @@ eUtEncodingType CharEncoding(eUtEncodingType encoding) noexcept
     return text::IsUtf16(encoding) ? UT_ENCODING_DEFAULT : encoding;
 }
 
-UtCString Printed(eUtEncodingType encoding, const char* format, std::va_list arguments) noexcept
+/// What printf makes of format and arguments, in `encoding`; false, with `out` empty, when memory ran out.
+bool Print(UtCString& out, eUtEncodingType encoding, const char* format, std::va_list arguments) noexcept
 {
     TextBuilder builder(CharEncoding(encoding));
     if (format != nullptr)
         text::AppendPrintf(builder, CharEncoding(encoding), format, arguments);
-    UtCString result = builder.Take();
-    if (result.GetEncodingType() != encoding)
-        result.ChangeEncodingType(encoding);
-    return result;
+    const bool hasFailed = builder.HasFailed();
+    out = builder.Take();
+    return !hasFailed && (CharEncoding(encoding) == encoding || out.ChangeEncodingType(encoding));
 }
 
-UtCString Filled(std::string_view format, const UtCStringList& list, eUtEncodingType encoding) noexcept
+size_t ExpectedSize(std::string_view format, const UtCStringList& list) noexcept
+{
+    size_t size = format.size();
+    for (int index = 0; index < list.GetCount(); ++index)
+        size += list.item(index).GetByteLength();
+    return size;
+}
+
+/// The format with its "%s" filled in `encoding`; false, with `out` empty, when memory ran out.
+bool Fill(UtCString& out, std::string_view format, const UtCStringList& list, eUtEncodingType encoding) noexcept
 {
     const eUtEncodingType formatEncoding = CharEncoding(encoding);
-    TextBuilder builder(encoding);
+    TextBuilder builder(encoding, ExpectedSize(format, list));
     int next = 0;
     size_t copied = 0;
-    for (size_t at = format.find('%'); at != format.npos; at = format.find('%', at)) {
-        const char kind = at + 1 < format.size() ? format[at + 1] : '\0';
-        ++at;
+    for (size_t at = format.find('%'); at < format.size(); at = format.find('%', at)) {
+        const char kind = ++at < format.size() ? format[at] : '\0';
         if (kind != 's' && kind != '%')
             continue;
         builder.Append(format.substr(copied, at - 1 - copied), formatEncoding);
@@ -47,7 +55,9 @@ UtCString Filled(std::string_view format, const UtCStringList& list, eUtEncoding
         copied = ++at;
     }
     builder.Append(format.substr(copied), formatEncoding);
-    return builder.Take();
+    const bool hasFailed = builder.HasFailed();
+    out = builder.Take();
+    return !hasFailed;
 }
 
 std::string_view OrEmpty(const char* format) noexcept
@@ -61,26 +71,33 @@ void UtCString::Format(const char* format, ...) noexcept
 {
     std::va_list arguments;
     va_start(arguments, format);
-    *this = Printed(m_encoding, format, arguments);
+    Print(*this, m_encoding, format, arguments);
     va_end(arguments);
 }
 
 void UtCString::AppendFormat(const char* format, ...) noexcept
 {
+    UtCString printed;
     std::va_list arguments;
     va_start(arguments, format);
-    const UtCString printed = Printed(m_encoding, format, arguments);
+    const bool isPrinted = Print(printed, m_encoding, format, arguments);
     va_end(arguments);
-    *this += printed;
+    if (isPrinted)
+        *this += printed;
+    else
+        SetEmpty();
 }
 
 void UtCString::FormatStringList(const char* format, const UtCStringList& list, eUtEncodingType encoding) noexcept
 {
-    *this = Filled(OrEmpty(format), list, encoding);
+    Fill(*this, OrEmpty(format), list, encoding);
 }
 
-void UtCString::AppendFormatStringList(const char* format, const UtCStringList& list,
-                                       eUtEncodingType encoding) noexcept
+void UtCString::AppendFormatStringList(const char* format, const UtCStringList& list, eUtEncodingType encoding) noexcept
 {
-    *this += Filled(OrEmpty(format), list, encoding);
+    UtCString filled;
+    if (Fill(filled, OrEmpty(format), list, encoding))
+        *this += filled;
+    else
+        SetEmpty();
 }

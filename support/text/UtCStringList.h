@@ -7,8 +7,8 @@
 
 /// An ordered list of texts, addressed by zero-based position. Each text keeps its encoding.
 ///
-/// No operation throws. When memory runs out, an addition leaves the list unchanged, and a new list or one that was to be
-/// assigned to is empty.
+/// No operation throws. When memory runs out, an addition leaves the list unchanged, and a new list or one that was to
+/// be assigned to is empty.
 class MYDB_EXPORT UtCStringList
 {
 public:
@@ -26,12 +26,13 @@ public:
     bool AddList(const UtCStringList& list) noexcept;
     void Remove(int position) noexcept; ///< out of range: changes nothing
     void Clear() noexcept;
-    /// The item at `position`, valid until the list changes; out of range: a spare text, empty each time it is handed out.
+    /// The item at `position`, valid until the list changes; out of range: a spare text, empty each time it is handed
+    /// out.
     UtCString& item(int position) noexcept;
     const UtCString& item(int position) const noexcept;
     int GetCount() const noexcept;
-    /// Replaces `out` by all items with `separator` between them, in the encoding that `out` has. No item gives the empty
-    /// text. `out` may be an item or the separator.
+    /// Replaces `out` by all items with `separator` between them, in the encoding that `out` has. No item gives the
+    /// empty text. `out` may be an item or the separator.
     void Concatenate(const UtCString& separator, UtCString& out) const noexcept;
 
 private:

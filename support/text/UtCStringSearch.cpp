@@ -48,8 +48,8 @@ int PositionOf(const UtCString& text, size_t offset) noexcept
 
 int UtCString::Search(int start, char character, eUtEncodingType encoding) const noexcept
 {
-    return Search(start, UtCString(std::string_view(&character, 1),
-                                   text::IsUtf16(encoding) ? UT_ENCODING_DEFAULT : encoding));
+    return Search(start,
+                  UtCString(std::string_view(&character, 1), text::IsUtf16(encoding) ? UT_ENCODING_DEFAULT : encoding));
 }
 
 int UtCString::Search(int start, const UtCString& text) const noexcept
