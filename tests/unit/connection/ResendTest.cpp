@@ -4,6 +4,8 @@
 #include "platform/ModuleFileName.h"
 #include "platform/TickCount.h"
 
+#include <thread>
+
 namespace {
 
 using connection_test::Bytes;
@@ -18,6 +20,7 @@ class Resend : public OpenConnectionFixture, public testing::WithParamInterface<
 protected:
     Resend()
     {
+        m_client.On("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{"a"}, {"b"}, {"c"}}));
         m_client.OnPrefix("INSERT", fake::Reply::Ok(2));
         m_client.OncePrefix("INSERT", fake::Reply::Error(GetParam(), "lost"));
     }
@@ -49,10 +52,15 @@ TEST_P(Resend, LeavesTheOutcomeOfTheStatementAndNotOfTheReopening)
 
 TEST_P(Resend, Kept_K09_ReportsTheTickCountAsTheTime)
 {
-    const uint32_t before = platform::TickCount();
+    uint32_t atTheResend = 0;
+    m_client.SetStatementObserver([&](const std::string& statement) {
+        if (statement == "SHOW TABLES")
+            std::this_thread::sleep_for(std::chrono::milliseconds(20)); // so that reopening leaves a time too
+        atTheResend = platform::TickCount();
+    });
     Run();
-    const uint32_t sinceBefore = static_cast<uint32_t>(m_database.GetQueryTime()) - before;
-    EXPECT_LT(sinceBefore, 60000U);
+    const uint32_t sinceTheResend = static_cast<uint32_t>(m_database.GetQueryTime()) - atTheResend;
+    EXPECT_LT(sinceTheResend, 60000U);
 }
 
 TEST_P(Resend, Kept_K10_RepeatsAWrite)
