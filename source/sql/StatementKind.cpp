@@ -145,14 +145,14 @@ bool IsSelectQuery(const UtCString& sql) noexcept
     if (!HasEnoughCharacters(sql))
         return false;
     switch (sql.GetEncodingType()) {
+    case UT_ENCODING_DEFAULT:
+        return GivesRows<SingleByte>(sql.View());
     case UT_ENCODING_UTF8:
         return GivesRows<Utf8>(sql.View());
-    case UT_ENCODING_UTF16_LE:
-        return GivesRows<Utf16<0>>(sql.View());
     case UT_ENCODING_UTF16_BE:
         return GivesRows<Utf16<1>>(sql.View());
     default:
-        return GivesRows<SingleByte>(sql.View());
+        return GivesRows<Utf16<0>>(sql.View());
     }
 }
 

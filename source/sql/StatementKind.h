@@ -12,7 +12,7 @@ namespace sql {
 /// "somewhere" one in front too.
 ///
 /// False: fewer than ten characters, whatever they say; a first word with a blank in front; DESCRIBE, ANALYZE, BACKUP
-/// and RESTORE. In a text whose encoding is never converted the bytes below 0x80 are read as ASCII.
+/// and RESTORE. The bytes of a text whose encoding is never converted are read as UTF-16, low byte first.
 bool IsSelectQuery(const UtCString& sql) noexcept;
 
 } // namespace sql

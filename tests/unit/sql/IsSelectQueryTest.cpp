@@ -236,10 +236,11 @@ TEST(IsSelectQueryEncoding, DoesNotTakeAUnitForItsLowByte)
     EXPECT_FALSE(IsSelect(units, UT_ENCODING_UTF16_LE));
 }
 
-TEST(IsSelectQueryEncoding, ReadsAsciiInATextThatIsNeverConverted)
+TEST(IsSelectQueryEncoding, ReadsATextThatIsNeverConvertedAsUtf16)
 {
-    EXPECT_TRUE(IsSelect("SELECT * FROM t", UT_ENCODING_UTF32));
-    EXPECT_FALSE(IsSelect(Utf16("SELECT * FROM t", false), UT_ENCODING_UTF32));
+    EXPECT_FALSE(IsSelect("SELECT * FROM t", UT_ENCODING_UTF32));
+    EXPECT_TRUE(IsSelect(Utf16("SELECT * FROM t", false), UT_ENCODING_UTF32));
+    EXPECT_FALSE(IsSelect(Utf16("SELECT * FROM t", true), UT_ENCODING_UTF32));
 }
 
 TEST(IsSelectQueryPrefixes, Kept_K01_TakesDescribeAnalyzeBackupAndRestoreForStatementsWithoutRows)
