@@ -48,29 +48,30 @@ inline void* AllocateOrFail(size_t size) noexcept
 
 } // namespace harness
 
-void* operator new(size_t size)
+// Not inlined: an optimizer that sees free() behind a new expression takes it for a mistake.
+[[gnu::noinline]] void* operator new(size_t size)
 {
     if (void* const memory = harness::AllocateOrFail(size))
         return memory;
     throw std::bad_alloc();
 }
 
-void* operator new(size_t size, const std::nothrow_t&) noexcept
+[[gnu::noinline]] void* operator new(size_t size, const std::nothrow_t&) noexcept
 {
     return harness::AllocateOrFail(size);
 }
 
-void operator delete(void* memory) noexcept
+[[gnu::noinline]] void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void* memory, size_t) noexcept
+[[gnu::noinline]] void operator delete(void* memory, size_t) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void* memory, const std::nothrow_t&) noexcept
+[[gnu::noinline]] void operator delete(void* memory, const std::nothrow_t&) noexcept
 {
     std::free(memory);
 }
