@@ -9,7 +9,7 @@ bool CMyServer::ExistDatabase(const UtCString& name) const
     if (name.IsEmpty())
         return false;
     const connection::ConfiguredDatabase wanted = connection::SplitDatabaseName(name);
-    CMyServer configured(*this);
+    CMyServer configured;
     if (!configured.LoadServerINI(wanted.settingsPath))
         return false;
     CMyDatabase database(configured, UtCString());

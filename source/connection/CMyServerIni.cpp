@@ -11,14 +11,14 @@ bool CMyServer::LoadServerINI(const UtCString& fileOrDir)
     const UtCString path = connection::ServerIniPath(fileOrDir); // before the reset: the argument can be a member
     *this = CMyServer();
     m_user = UtCString(); // KEPT K-74: after a load that found no file the user is empty, not the default one.
-    if (path.IsEmpty() || UtIsFile(path) == 0)
+    if (UtIsFile(path) == 0)
         return false;
 
     m_serverINIFileName = path;
     const connection::ServerIniFile file(path);
     SetDataDir(file.Value("DataDir"));
-    m_mySQLProgramDir =
-        file.Value("ServerDir"); // KEPT K-75: stored as read, without the backslash that its setter adds.
+    // KEPT K-75: stored as read, without the backslash that its setter adds.
+    m_mySQLProgramDir = file.Value("ServerDir");
     m_connectAllowed = connection::AllowsConnecting(file.Value("CanConnect", "True"));
     m_host = file.Value("Server", "localhost");
     m_alias = file.Value("Alias");

@@ -1,6 +1,9 @@
 #include "connection/ServerIniPassword.h"
 
 #include "connection/CDES.h"
+#include "connection/Guarded.h"
+
+#include <string>
 
 namespace {
 
@@ -25,7 +28,7 @@ CDES::Block BlockFromHex(std::string_view digits) noexcept
     return block;
 }
 
-void AppendUnchained(const CDES::Block& deciphered, const CDES::Block& chain, UtCString& password)
+void AppendUnchained(const CDES::Block& deciphered, const CDES::Block& chain, std::string& password)
 {
     for (std::size_t index = 0; index < deciphered.size(); ++index) {
         const auto byte = static_cast<char>(deciphered[index] ^ chain[index]);
@@ -34,19 +37,24 @@ void AppendUnchained(const CDES::Block& deciphered, const CDES::Block& chain, Ut
     }
 }
 
-} // namespace
-
-UtCString connection::DecipherPassword(std::string_view hex)
+std::string Decipher(std::string_view hex)
 {
-    UtCString password(UT_ENCODING_DEFAULT);
-    if (hex.size() % digitsPerBlock != 0)
-        return password;
     const CDES cipher;
     CDES::Block chain{};
+    std::string password;
     for (std::size_t start = 0; start < hex.size(); start += digitsPerBlock) {
         const CDES::Block block = BlockFromHex(hex.substr(start, digitsPerBlock));
         AppendUnchained(cipher.Transform(block, CDES::Mode::Decrypt), chain, password);
         chain = block;
     }
     return password;
+}
+
+} // namespace
+
+UtCString connection::DecipherPassword(std::string_view hex) noexcept
+{
+    if (hex.size() % digitsPerBlock != 0)
+        return UtCString();
+    return Guarded(UtCString(), [hex] { return UtCString(Decipher(hex), UT_ENCODING_DEFAULT); });
 }
