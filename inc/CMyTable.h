@@ -32,7 +32,8 @@ public:
     /// outlive the handle and its copies; it may be null, then only a table that the cache knows is found.
     ///
     /// `name` may stand in backticks. A name with blanks around it is loaded anew for each handle. Names that send more
-    /// than 126 bytes are refused with error 1103.
+    /// than 126 bytes are refused with error 1103. What is sent ends at the first zero byte, so settings that name a
+    /// UTF-16 character set find no table of more than one letter.
     CMyTable(const CMyDatabase* database, const UtCString& name);
     CMyTable(const CMyTable& other);
     CMyTable& operator=(const CMyTable& other);
