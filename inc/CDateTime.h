@@ -64,7 +64,7 @@ public:
 
     /// True for a status valid and a year from 1600 to 2999; so true for the empty date of a new object.
     bool IsValid() const noexcept;
-    /// True for the value 0.0, although that `IsValid`, and for everything that is not `IsValid`.
+    /// True for the value 0.0, which may be `IsValid` all the same, and for everything that is not `IsValid`.
     bool IsNull() const noexcept;
     /// The same as `IsNull`.
     bool IsEmpty() const noexcept;

@@ -132,8 +132,7 @@ bool CDateTime::IsTimeNull() const noexcept
 
 bool CDateTime::IsLeapYear() const noexcept
 {
-    const int year = GetYear();
-    return year > 0 && platform::IsLeapYear(year);
+    return platform::IsLeapYear(GetYear()); // -1, a year that cannot be read, is none
 }
 
 WEEKDAY CDateTime::GetDayOfWeek() const noexcept

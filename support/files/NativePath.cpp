@@ -1,9 +1,12 @@
 #include "files/NativePath.h"
 
+#include "platform/Folder.h"
 #include "platform/PathRules.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
+#include <vector>
 
 namespace files {
 namespace {
@@ -16,9 +19,13 @@ bool Exists(const std::string& path)
     return fs::symlink_status(path, error).type() != fs::file_type::not_found && !error;
 }
 
-bool EqualNoCase(const std::string& left, const std::string& right)
+// Throws rather than answer for a text that is empty because memory ran out.
+UtCString Utf8(const std::string& name)
 {
-    return UtCString(left, UT_ENCODING_UTF8).EqualNoCase(UtCString(right, UT_ENCODING_UTF8));
+    UtCString text(name, UT_ENCODING_UTF8);
+    if (text.GetByteLength() != name.size())
+        throw std::bad_alloc();
+    return text;
 }
 
 // Of several spellings the first in byte order is taken, so that the answer does not depend on the order of the folder.
@@ -27,14 +34,13 @@ std::string SpellingOnDisk(const std::string& folder, const std::string& name)
 {
     if (name.empty() || Exists(folder + name))
         return name;
+    const UtCString wanted = Utf8(name);
+    std::vector<std::string> entries;
+    platform::ListFolder(folder, entries);
     std::string found;
-    std::error_code error;
-    fs::directory_iterator entry(folder.empty() ? "." : folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        std::string candidate = entry->path().filename().string();
-        if (EqualNoCase(candidate, name) && (found.empty() || candidate < found))
+    for (std::string& candidate : entries)
+        if (wanted.EqualNoCase(Utf8(candidate)) && (found.empty() || candidate < found))
             found = std::move(candidate);
-    }
     return found;
 }
 

@@ -1,5 +1,6 @@
 #include "files/NativePath.h"
 #include "files/UtFile.h"
+#include "platform/Folder.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -46,15 +47,14 @@ private:
         if (IsBeingVisited(source))
             return false;
         m_openSources.push_back(source);
-        std::error_code error;
-        fs::directory_iterator entry(source, error);
-        while (!error && entry != fs::directory_iterator()) {
-            if (!CopyEntry(entry->path(), target / entry->path().filename()))
-                return false;
-            entry.increment(error);
-        }
+        std::vector<std::string> names;
+        const bool isCopied =
+            platform::ListFolder(source.string(), names) &&
+            std::all_of(names.begin(), names.end(), [this, &source, &target](const std::string& name) {
+                return CopyEntry(source / name, target / name);
+            });
         m_openSources.pop_back();
-        return !error;
+        return isCopied;
     }
 
     bool CopyEntry(const fs::path& source, const fs::path& target)

@@ -1,6 +1,7 @@
 #include "files/DeletablePath.h"
 #include "files/NativePath.h"
 #include "files/UtFile.h"
+#include "platform/Folder.h"
 
 #include <filesystem>
 
@@ -45,35 +46,10 @@ bool IsDeletable(const std::string& nativePath)
 
 namespace {
 
-// Entries of a write-protected folder cannot be removed before the folder is writable. Links are not followed.
-void UnprotectFolders(const fs::path& path)
-{
-    std::error_code error;
-    fs::permissions(path, fs::perms::owner_all, fs::perm_options::add, error);
-    fs::recursive_directory_iterator entry(path, error);
-    while (!error && entry != fs::recursive_directory_iterator()) {
-        std::error_code ignored;
-        if (fs::is_directory(entry->symlink_status(ignored)))
-            fs::permissions(entry->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
-        entry.increment(error);
-    }
-}
-
 bool IsGone(const fs::path& path)
 {
     std::error_code error;
     return fs::symlink_status(path, error).type() == fs::file_type::not_found;
-}
-
-bool RemoveFolder(const fs::path& path)
-{
-    std::error_code error;
-    fs::remove_all(path, error);
-    if (error) {
-        UnprotectFolders(path);
-        fs::remove_all(path, error);
-    }
-    return IsGone(path);
 }
 
 bool RemoveLink(const fs::path& path)
@@ -92,7 +68,7 @@ bool DeleteTree(const std::string& path)
     std::error_code error;
     if (!fs::is_directory(path, error))
         return false;
-    return fs::is_symlink(fs::symlink_status(path, error)) ? RemoveLink(path) : RemoveFolder(path);
+    return fs::is_symlink(fs::symlink_status(path, error)) ? RemoveLink(path) : platform::RemoveFolderTree(path);
 }
 
 } // namespace

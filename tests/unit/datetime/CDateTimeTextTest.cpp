@@ -283,6 +283,7 @@ const ReadRow compactRows[] = {
     {" .:-/"sv, false, refused},
     {"2024030x"sv, false, refused},
     {"+2024030"sv, false, refused},
+    {"20240;05"sv, false, refused},
     {"2024+3+5"sv, false, refused},
     {"2024\t3\t5"sv, false, refused},
     {"20240305\0"sv, false, refused},
