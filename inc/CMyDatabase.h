@@ -132,9 +132,9 @@ public:
     /// backticks around the name are removed. False, and nothing is sent, for an empty name and unless IsOpen: a closed
     /// connection is not opened. False also when the statement fails (GetErrorCode).
     ///
-    /// Kept: the name is a LIKE pattern in upper case, so "_" and "%" match other names as well, and a server that tells
-    /// letter cases apart finds upper-case tables only. The database name is not quoted: with one that needs backticks
-    /// the statement fails.
+    /// Kept: the name is a LIKE pattern in upper case, so "_" and "%" match other names as well, and a server that
+    /// tells letter cases apart finds upper-case tables only. The database name is not quoted: with one that needs
+    /// backticks the statement fails.
     bool ExistTable(const UtCString& tableName);
 
     /// Runs one statement. All statements of the library go through here.
