@@ -59,7 +59,7 @@ bool CMyDatabase::Connect()
     if (limit.IsReached())
         return false;
     const UtCString user = m_server.GetUser().toLower();
-    if (user.IsEmpty()) // no memory; an empty user would be somebody else
+    if (user.IsEmpty()) // no memory; the client takes the login name of the process for an empty user
         return false;
     if (mysql_real_connect(m_handle, m_server.GetHost().string(), user.string(), m_server.GetPassword().string(),
                            m_databaseName.string(), static_cast<unsigned int>(m_server.GetPort()), nullptr, 0))
