@@ -68,6 +68,8 @@ public:
     ///
     /// True: connected (open, or without database where the name is empty). False, by cause:
     /// - Host or user empty, or port 0: nothing is changed and no error recorded.
+    /// - Host, user or name begins with a zero byte, as they do in UTF-16 with the high byte first: the client would
+    ///   read them as empty, which means something else. Closed, no error recorded.
     /// - A live connection without database, asked again: it stays as it is, neither closed nor counted as open.
     /// - The client has no memory for a handle: closed, no error recorded.
     /// - The connect failed: closed; code and message are the client's. The failed-connect counter of the process goes

@@ -12,6 +12,17 @@
 #include <cstdint>
 #include <cstdio>
 
+namespace {
+
+/// Whether the client would read a text as empty that is not. It takes the login name of the process for an empty user
+/// and this machine for an empty host.
+bool BeginsWithZero(const UtCString& text) noexcept
+{
+    return !text.IsEmpty() && text.string()[0] == '\0';
+}
+
+} // namespace
+
 bool CMyDatabase::Open(bool interactive, const UtCString& databaseName)
 {
     try {
@@ -42,6 +53,8 @@ bool CMyDatabase::OpenAnew(bool interactive)
 {
     Close();
     DropHandle(); // a derived class may have replaced Close
+    if (BeginsWithZero(m_server.GetHost()) || BeginsWithZero(m_server.GetUser()) || BeginsWithZero(m_databaseName))
+        return false;
     // KEPT K-06: no character set is requested, whatever the settings say.
     m_handle = client::NewHandle().release();
     if (!m_handle)
@@ -59,7 +72,7 @@ bool CMyDatabase::Connect()
     if (limit.IsReached())
         return false;
     const UtCString user = m_server.GetUser().toLower();
-    if (user.IsEmpty()) // no memory; the client takes the login name of the process for an empty user
+    if (user.IsEmpty()) // no memory; it would be somebody else
         return false;
     if (mysql_real_connect(m_handle, m_server.GetHost().string(), user.string(), m_server.GetPassword().string(),
                            m_databaseName.string(), static_cast<unsigned int>(m_server.GetPort()), nullptr, 0))

@@ -161,6 +161,16 @@ TEST_F(TestConnectionByFile, FailsWithoutAConnectWhenThereIsNoFile)
     EXPECT_EQ(connection::ProcessConnectLimit().failedConnects, 7U);
 }
 
+TEST_F(TestConnectionByFile, AnswersWhetherTheDatabaseOfAConnectionExists)
+{
+    m_client.On("SHOW DATABASES", fake::Reply::Rows({"Database"}, {{"mysql"}, {"shop"}}));
+    const std::string folder = m_folder.Path().string();
+    const CMyDatabase known(ValidServer(), UtCString(folder + "::shop", UT_ENCODING_UTF8));
+    const CMyDatabase unknown(ValidServer(), UtCString(folder + "::store", UT_ENCODING_UTF8));
+    EXPECT_TRUE(known.ExistDatabase());
+    EXPECT_FALSE(unknown.ExistDatabase());
+}
+
 TEST_F(TestConnectionByFile, GivesSettingsThatAreCopiedWithFileNameAndPermission)
 {
     const CMyServer server(File());
