@@ -9,6 +9,6 @@ file(GLOB MYDB_SUPPORT_HEADERS CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}
      "${PROJECT_SOURCE_DIR}/support/files/Ut*.h"
      "${PROJECT_SOURCE_DIR}/support/framework/*.h")
 list(REMOVE_ITEM MYDB_SUPPORT_HEADERS framework/GuidText.h framework/OleDate.h)
-list(APPEND MYDB_SUPPORT_HEADERS platform/Guid.h)
+list(APPEND MYDB_SUPPORT_HEADERS platform/Guid.h text/TextHash.h)
 
 set(MYDB_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/mydb")

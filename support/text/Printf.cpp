@@ -28,7 +28,7 @@ enum class Length
     LongDouble
 };
 
-/// One conversion specification.
+/// One conversion directive.
 struct Spec
 {
     bool isLeft = false;
@@ -66,7 +66,7 @@ struct Number
     size_t Size() const noexcept { return prefixSize + leadingZeros + digits.size() + trailingZeros + exponentSize; }
 };
 
-// --- Reading a specification
+// --- Reading a directive
 
 bool ReadFlag(char c, Spec& spec) noexcept
 {
