@@ -40,7 +40,7 @@ try {
 }
 
 bool CDateTime::SetDate(const UtCString& text)
-try {
+{
     SetNull();
     const auto fields = datetime::ReadDayMonthYear(UtCString(text, UT_ENCODING_DEFAULT).View());
     if (!fields)
@@ -48,8 +48,6 @@ try {
     // KEPT K-56: a day that the month does not have is reported as success; the status tells.
     SetDate(fields->year, fields->month, fields->day);
     return true;
-} catch (...) {
-    return false;
 }
 
 bool CDateTime::ConvertDate(const UtCString& text)

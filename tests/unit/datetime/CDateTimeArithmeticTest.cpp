@@ -1,3 +1,4 @@
+#include "datetime/DateArithmetic.h"
 #include "unit/datetime/DateTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -176,6 +177,13 @@ TEST(AddMonths, ChangesNothingOutsideTheCalendar)
         EXPECT_EQ(date.GetValue(), before) << months;
         EXPECT_EQ(date.GetStatus(), CDateTime::valid) << months;
     }
+}
+
+TEST(AddMonths, LeavesAValueThatCannotBeRead)
+{
+    double value = 1e300;
+    EXPECT_FALSE(datetime::AddMonths(value, 1, 0));
+    EXPECT_EQ(value, 1e300);
 }
 
 TEST(AddMonths, RefusesANullDate)

@@ -27,6 +27,13 @@ TEST(CByteArray, AddAppendsAndGivesThePosition)
     EXPECT_EQ(array.GetData()[2], 255);
 }
 
+TEST(CByteArray, GivesItsBytesInARow)
+{
+    const CByteArray array = Bytes({1, 0, 255});
+    EXPECT_EQ(array.GetData()[0], 1);
+    EXPECT_EQ(array.GetData()[2], 255);
+}
+
 TEST(CByteArray, SetSizeKeepsTheOldBytesAndZeroesTheNew)
 {
     CByteArray array = Bytes({1, 2});
