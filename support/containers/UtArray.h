@@ -152,6 +152,7 @@ private:
 
     static void Warn(long line, const char* function) noexcept
     {
+        // KEPT K-62: a bad removal is reported under the key of the access operator too.
         UtAppLogging::LogWarning(__FILE__, line, "UtArray.operator[].invalid index", function);
     }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 
 namespace text {
@@ -14,6 +15,9 @@ namespace {
 
 /// The decimals that a double can have; more of them are zeros.
 constexpr int mostDigits = 1100;
+
+/// The widest field and the most digits that are written; a format that asks for more gets this.
+constexpr int widest = 100000;
 
 enum class Length
 {
@@ -126,10 +130,9 @@ Spec ReadSpec(const char*& at, Arguments& arguments) noexcept
     while (ReadFlag(*at, spec))
         ++at;
     spec.width = ReadNumber(at, arguments);
-    if (spec.width < 0) {
+    if (spec.width < 0)
         spec.isLeft = true;
-        spec.width = spec.width == INT_MIN ? INT_MAX : -spec.width;
-    }
+    spec.width = std::min(std::abs(std::max(spec.width, -widest)), widest);
     if (*at == '.') {
         ++at;
         spec.precision = std::max(ReadNumber(at, arguments), -1);
@@ -238,7 +241,7 @@ void AppendInteger(TextBuilder& out, const Spec& spec, uint64_t magnitude, Numbe
     if (spec.conversion == 'X')
         ToUpperAscii(digits, end);
     number.digits = {digits, static_cast<size_t>(end - digits)};
-    const auto wanted = static_cast<size_t>(std::max(spec.precision, 0));
+    const auto wanted = static_cast<size_t>(std::clamp(spec.precision, 0, widest));
     if (wanted > number.digits.size())
         number.leadingZeros = wanted - number.digits.size();
     const bool startsWithZero = number.leadingZeros != 0 || (!number.digits.empty() && digits[0] == '0');
@@ -305,7 +308,7 @@ void CompleteDecimals(Number& number, const Spec& spec, char lowerConversion, in
         digits[number.digits.size()] = '.';
         number.digits = {digits, number.digits.size() + 1};
     }
-    const auto wanted = static_cast<size_t>(std::max(precision, 0));
+    const auto wanted = static_cast<size_t>(std::clamp(precision, 0, widest));
     const size_t has = lowerConversion == 'g' ? CountSignificantDigits(number.digits) : size_t{mostDigits};
     if (wanted > has && (lowerConversion != 'g' || spec.isAlternate))
         number.trailingZeros = wanted - has;

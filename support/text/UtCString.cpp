@@ -252,7 +252,7 @@ bool UtCString::ChangeEncodingType(eUtEncodingType encoding) noexcept
     const bool isConverted =
         encoding == m_encoding || IsEmpty() || (text::IsConvertible(encoding) && text::IsConvertible(m_encoding));
     if (text::KeepsBytes(View(), m_encoding, encoding)) {
-        m_encoding = encoding;
+        m_encoding = encoding; // KEPT K-60: an encoding that is never converted gets the tag changed, the bytes kept.
         return isConverted;
     }
     const bool wasEmpty = IsEmpty();

@@ -25,7 +25,7 @@ bool Print(UtCString& out, eUtEncodingType encoding, const char* format, std::va
         text::AppendPrintf(builder, CharEncoding(encoding), format, arguments);
     const bool hasFailed = builder.HasFailed();
     out = builder.Take();
-    return !hasFailed && (CharEncoding(encoding) == encoding || out.ChangeEncodingType(encoding));
+    return out.ChangeEncodingType(encoding) && !hasFailed;
 }
 
 size_t ExpectedSize(std::string_view format, const UtCStringList& list) noexcept

@@ -41,6 +41,7 @@ std::chars_format NotationOf(double value) noexcept
 /// A negative 32-bit number that was widened with its sign reads as the 32-bit number that it was.
 uint64_t AsUnsigned32(uint64_t value) noexcept
 {
+    // KEPT K-61: the unsigned long of -1 is 4294967295, also where that type has 64 bits.
     return value >= 0xFFFFFFFF80000000u ? value & 0xFFFFFFFFu : value;
 }
 
