@@ -221,6 +221,13 @@ TEST_F(TableHandle, LeavesExcludedColumnsOutOfTheList)
     EXPECT_EQ(Text(Orders().GetFields("no")), "`ID`, `NAME`, `PRICE`");
 }
 
+TEST_F(TableHandle, LeavesItsListAsItIsWhenNothingIsExcluded)
+{
+    const CMyTable table = TableOf({{.name = "a  b"}, {.name = "c"}});
+    EXPECT_EQ(Text(table.GetFields("")), "`A  B`, `C`");
+    EXPECT_EQ(Text(table.GetFields("c")), "`A B`") << "an exclusion reduces every run of blanks";
+}
+
 TEST_F(TableHandle, RemovesColumnsFromAnyListAlsoWhenItIsInvalid)
 {
     EXPECT_EQ(Text(Orders().RemoveFieldsFromFieldList("`X`, `Y`, `Z`", "y")), "`X`, `Z`");
@@ -309,6 +316,26 @@ TEST_F(TableHandle, RegisteringAnInvalidHandleLoadsTheTable)
     m_client.OnListFields("UNKNOWN", {{.name = "id"}});
     EXPECT_TRUE(table.RegisterTable(false));
     EXPECT_TRUE(table.IsValid());
+}
+
+TEST_F(TableHandle, RegisteringAnInvalidHandleTakesTheEntryThatTheCacheHas)
+{
+    CMyTable table(nullptr, "orders");
+    const CMyTable other = Orders();
+    m_client.ForgetCalls();
+    EXPECT_TRUE(table.RegisterTable(false));
+    EXPECT_TRUE(m_client.Calls().empty());
+    EXPECT_EQ(table.GetField(0UL), other.GetField(0UL));
+}
+
+TEST_F(TableHandle, RegisteringAnewWithoutAConnectionRemovesTheEntryAndFails)
+{
+    Orders();
+    CMyTable table(nullptr, "orders");
+    ASSERT_TRUE(table.IsValid());
+    EXPECT_FALSE(table.RegisterTable(true));
+    EXPECT_FALSE(table.IsValid());
+    EXPECT_EQ(m_cache.GetCount(), 0U);
 }
 
 TEST_F(TableHandle, RegisteringAnInvalidHandleFailsWhileTheTableIsUnknown)

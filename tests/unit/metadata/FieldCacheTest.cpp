@@ -3,6 +3,7 @@
 #include "MyDbFunctions.h"
 #include "connection/TableCacheHook.h"
 #include "harness/LogRecorder.h"
+#include "harness/MessageRecorder.h"
 #include "unit/metadata/MetadataFixture.h"
 
 #include <string_view>
@@ -328,6 +329,61 @@ TEST_F(FieldCacheTest, RemovesNothingWhenTheListingFails)
     m_cache.RemoveListedTables(m_database);
     EXPECT_EQ(PositionOf("orders"), 0);
     EXPECT_EQ(m_database.GetErrorCode(), 1044U);
+}
+
+TEST_F(FieldCacheTest, ShowsNoMessageWhenTheListingFails)
+{
+    const harness::MessageRecorder messages;
+    m_client.Once("SHOW TABLES", fake::Reply::Error(1044, "Access denied"));
+    m_cache.RemoveListedTables(m_database);
+    EXPECT_TRUE(messages.Messages().empty());
+}
+
+TEST_F(FieldCacheTest, KeepsTheOrderOfTheEntriesThatTheListingLeaves)
+{
+    Load({"orders", "items", "prices", " items "});
+    const Entry newest = m_cache.GetEntry(3);
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{"orders"}, {"items"}}));
+    m_cache.RemoveListedTables(m_database);
+    ASSERT_EQ(m_cache.GetCount(), 2U);
+    EXPECT_EQ(PositionOf("prices"), 0);
+    EXPECT_EQ(PositionOf("items"), 1);
+    EXPECT_EQ(m_cache.GetEntry(1), newest) << "from the first removal on the oldest is the one found and removed";
+}
+
+TEST_F(FieldCacheTest, RemovesTheNewestEntryOfTheTableListedFirst)
+{
+    Load({"items", " items ", "orders"});
+    const Entry oldest = m_cache.GetEntry(0);
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{"items"}, {"orders"}}));
+    m_cache.RemoveListedTables(m_database);
+    ASSERT_EQ(m_cache.GetCount(), 1U);
+    EXPECT_EQ(m_cache.GetEntry(0), oldest);
+    EXPECT_EQ(PositionOf("items"), 0);
+}
+
+TEST_F(FieldCacheTest, RemovesAsManyEntriesOfAKeyAsTheListingNames)
+{
+    Load({"prices", "items", " items ", " items ", "orders"});
+    const Entry newest = m_cache.GetEntry(3);
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{"prices"}, {"items"}, {"ITEMS"}, {"none"}}));
+    m_cache.RemoveListedTables(m_database);
+    ASSERT_EQ(m_cache.GetCount(), 2U);
+    EXPECT_EQ(m_cache.GetEntry(0), newest);
+    EXPECT_EQ(PositionOf("items"), 0);
+    EXPECT_EQ(PositionOf("orders"), 1);
+}
+
+TEST_F(FieldCacheTest, KeepsItsGenerationWhenTheListingNamesNoTableThatItKnows)
+{
+    Load({"orders"});
+    const uint64_t loaded = m_cache.GetGeneration();
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{""}, {"`"}, {"none"}}));
+    m_cache.RemoveListedTables(m_database);
+    EXPECT_EQ(m_cache.GetGeneration(), loaded);
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{"none"}, {"orders"}}));
+    m_cache.RemoveListedTables(m_database);
+    EXPECT_NE(m_cache.GetGeneration(), loaded);
 }
 
 TEST_F(FieldCacheTest, RemovesNothingWhenTheListingHasNoRows)

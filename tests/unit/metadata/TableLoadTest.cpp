@@ -1,5 +1,6 @@
 #include "metadata/TableLoad.h"
 
+#include "harness/MessageRecorder.h"
 #include "unit/metadata/MetadataFixture.h"
 
 #include <algorithm>
@@ -394,6 +395,24 @@ TEST_F(TableLoad, ReadsTheFirstRowOnly)
 {
     const Entry entry = LoadWithStatus(fake::Reply::Rows({"Engine"}, {{"MyISAM"}, {"InnoDB"}}));
     EXPECT_EQ(Text(entry->GetEngine()), "MyISAM");
+}
+
+TEST_F(TableLoad, ReadsTheEngineToItsLastByte)
+{
+    const std::string withZero("InnoDB\0x", 8);
+    const Entry entry = LoadWithStatus(fake::Reply::Rows({"Engine"}, {{withZero}}));
+    EXPECT_EQ(Text(entry->GetEngine()), withZero);
+    EXPECT_FALSE(entry->IsTransactional());
+}
+
+TEST_F(TableLoad, ShowsNoMessageWhateverFails)
+{
+    const harness::MessageRecorder messages;
+    LoadWithStatus(fake::Reply::Error(1064, "You have an error"));
+    m_client.OnListFieldsError("ORDERS", 1146);
+    m_cache.RemoveAll();
+    EXPECT_EQ(LoadOrders(), nullptr);
+    EXPECT_TRUE(messages.Messages().empty());
 }
 
 struct MissingEngine
