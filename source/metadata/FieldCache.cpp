@@ -17,6 +17,14 @@ namespace {
 // Creates the cache when the library is loaded, so that it outlives every static object of the host application.
 [[maybe_unused]] const CFieldCache& createdAtStart = CFieldCache::Instance();
 
+void CountKey(UtCMap<UtCString, unsigned long>& counts, const UtCString& key)
+{
+    if (unsigned long* count = counts.Find(key))
+        ++*count;
+    else
+        counts.Insert(key, 1);
+}
+
 } // namespace
 
 CFieldCache& CFieldCache::Instance()
@@ -124,9 +132,34 @@ void CFieldCache::RemoveListedTables(CMyDatabase& database)
     if (failed || !tables)
         return;
     const eUtEncodingType encoding = database.GetServer().GetEncodingType();
-    while (MYSQL_ROW row = mysql_fetch_row(tables.get()))
-        if (row[0])
-            Remove(UtCString(std::string_view(row[0], mysql_fetch_lengths(tables.get())[0]), encoding));
+    UtCMap<UtCString, unsigned long> counts;
+    bool isOldestFound = false;
+    while (MYSQL_ROW row = mysql_fetch_row(tables.get())) {
+        const UtCString name(row[0] ? std::string_view(row[0], mysql_fetch_lengths(tables.get())[0]) : "", encoding);
+        if (!isOldestFound)
+            isOldestFound = Remove(name); // from here on the oldest entry of each key is the one to remove
+        else if (!name.IsEmpty())
+            CountKey(counts, metadata::LookupKey(name));
+    }
+    RemoveOldest(counts);
+}
+
+void CFieldCache::RemoveOldest(UtCMap<UtCString, unsigned long>& counts)
+{
+    unsigned long kept = 0;
+    for (unsigned long position = 0; position < GetCount(); ++position) {
+        unsigned long* left = counts.Find(m_tables[position]->GetName().toUpper());
+        if (left && *left > 0)
+            --*left;
+        else
+            std::swap(m_tables[kept++], m_tables[position]);
+    }
+    if (kept == GetCount())
+        return;
+    while (GetCount() > kept)
+        m_tables.RemoveAt(GetCount() - 1);
+    RebuildIndex();
+    ++m_generation;
 }
 
 void connection::AlignTableCache(CMyDatabase& database)

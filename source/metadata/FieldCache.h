@@ -56,8 +56,8 @@ public:
     void RemoveAll(); ///< Drops the entries of all tables of all databases.
 
     /// Asks the server for the tables of the current database (SHOW TABLES, one round trip; the connection's last
-    /// statement and error become those of this query) and removes the entry of every table listed. A failed listing
-    /// removes nothing.
+    /// statement and error become those of this query) and removes the entry of every table listed, as Remove does for
+    /// one table after the other, but in one pass over the entries. A failed listing removes nothing.
     void RemoveListedTables(CMyDatabase& database);
 
     /// A number that changes whenever an entry is added or removed, so that what was derived from entries can be kept
@@ -68,6 +68,8 @@ private:
     std::shared_ptr<CTableCache> Load(CMyDatabase* database, const UtCString& tableName);
     bool Append(const std::shared_ptr<CTableCache>& entry); ///< false, and nothing added, when memory ran out
     void RebuildIndex();                                    ///< among entries with the same key the first wins
+    /// Drops as many entries of each key as `counts` says, the oldest first.
+    void RemoveOldest(UtCMap<UtCString, unsigned long>& counts);
 
     UtArray<std::shared_ptr<CTableCache>> m_tables; ///< in the order in which they were loaded
     UtCMap<UtCString, unsigned long> m_tableIndex;
