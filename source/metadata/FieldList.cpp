@@ -52,7 +52,7 @@ UtCString FieldList(const CTableCache& entry)
 
 UtCString WithoutFields(const UtCString& list, const UtCString& exclude)
 {
-    UtCString rest(list);
+    UtCString rest = list.trim(UtCString(", ")); // so that the last name stands at the end
     UtCString upperRest = rest.toUpper();
     UtCStringList names;
     exclude.toUpper().Tokenize(UtCString(","), names);
