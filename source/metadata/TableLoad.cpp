@@ -19,17 +19,25 @@ using connection::DatabaseAccess;
 // The client writes the name into 128 bytes and sends as many as it wanted to write, whatever lies behind them.
 constexpr size_t longestListedName = 126;
 constexpr unsigned long incorrectTableName = 1103;
-constexpr int longestQuotedName = 100; // the server cuts the name in its text there
+constexpr size_t longestQuotedName = 100; // the server cuts the name in its text there, at a whole letter
 
 const char* BytesToSend(const UtCString& text) noexcept
 {
     return text.GetEncodingType() == UT_ENCODING_UTF8 ? UtCUtf8::SkipBOM(text.string()) : text.string();
 }
 
+UtCString QuotedName(const UtCString& key)
+{
+    UtCString name(key.substr(0, longestQuotedName), UT_ENCODING_UTF8);
+    while (name.GetByteLength() > longestQuotedName)
+        name.Delete(name.GetLength() - 1);
+    return name;
+}
+
 void RefuseName(CMyDatabase& database, const UtCString& key)
 {
     UtCString message(UT_ENCODING_UTF8);
-    message.FormatStringList("1103: Incorrect table name '%s'", {key.substr(0, longestQuotedName)}, UT_ENCODING_UTF8);
+    message.FormatStringList("1103: Incorrect table name '%s'", {QuotedName(key)}, UT_ENCODING_UTF8);
     DatabaseAccess::SetLastError(database, incorrectTableName, message);
 }
 

@@ -308,6 +308,19 @@ TEST_F(TableCacheOnServer, RefusesALongerNameWithTheServersOwnText)
     EXPECT_TRUE(m_database.Ping());
 }
 
+TEST_F(TableCacheOnServer, CutsTheRefusedNameWhereTheServerCutsIt)
+{
+    std::string name = "X";
+    for (int i = 0; i < 70; ++i)
+        name += "\xC3\x96";
+    CMyDatabase database(TesterSettings("utf8mb4"), m_temporary.Name().c_str());
+    EXPECT_FALSE(CMyTable(&database, UtCString(name.c_str(), UT_ENCODING_UTF8)).IsValid());
+    const std::string refusal = Text(database.GetErrorMessage());
+    const UtCString statement(("SELECT * FROM `" + name + "`").c_str(), UT_ENCODING_UTF8);
+    EXPECT_EQ(database.ExecuteQuery(statement, false, nullptr, false), -1);
+    EXPECT_EQ(refusal, Text(database.GetErrorMessage()));
+}
+
 TEST_F(TableCacheOnServer, LoadsATableWithUmlautsOnAUtf8Connection)
 {
     Run("CREATE TABLE `gr\xC3\xB6\xC3\x9F"

@@ -154,6 +154,18 @@ TEST_F(TableLoad, RefusesANameOf127BytesAsAFailedListing)
     EXPECT_EQ(m_cache.GetCount(), 0U);
 }
 
+TEST_F(TableLoad, QuotesTheWholeLettersOfTheFirst100BytesOfARefusedName)
+{
+    std::string name = "X";
+    for (int i = 0; i < 63; ++i)
+        name += "\xC3\x96";
+    CMyDatabase utf8(Settings("utf8mb4"), "shop");
+    OpenQuietly(utf8);
+    EXPECT_EQ(m_cache.GetOrLoad(&utf8, UtCString(name.c_str(), UT_ENCODING_UTF8)), nullptr);
+    EXPECT_EQ(Text(utf8.GetErrorMessage()), "1103: Incorrect table name '" + name.substr(0, 99) + "'");
+    EXPECT_EQ(utf8.GetErrorMessage().GetEncodingType(), UT_ENCODING_UTF8);
+}
+
 TEST_F(TableLoad, CountsTheBytesOfTheNameAndNotItsLetters)
 {
     CMyDatabase utf8(Settings("utf8mb4"), "shop");
