@@ -374,6 +374,32 @@ TEST_F(FieldCacheTest, RemovesAsManyEntriesOfAKeyAsTheListingNames)
     EXPECT_EQ(PositionOf("orders"), 1);
 }
 
+TEST_F(FieldCacheTest, PassesOverAnEmptyNameInTheListing)
+{
+    m_client.OnListFields("", {{.name = "id"}});
+    Load({" ", "orders", "items"});
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, {{""}, {"orders"}, {""}, {"items"}}));
+    m_cache.RemoveListedTables(m_database);
+    ASSERT_EQ(m_cache.GetCount(), 1U);
+    EXPECT_EQ(PositionOf("`"), 0);
+}
+
+TEST_F(FieldCacheTest, DropsManyListedTablesWithoutChangingForEach)
+{
+    std::vector<fake::Row> names;
+    for (int i = 0; i < 100; ++i) {
+        const std::string name = "T" + std::to_string(i);
+        m_client.OnListFields(name, {{.name = "id"}});
+        ASSERT_NE(m_cache.GetOrLoad(&m_database, UtCString(name.c_str())), nullptr);
+        names.push_back({name});
+    }
+    m_client.Once("SHOW TABLES", fake::Reply::Rows({"Tables_in_shop"}, names));
+    const uint64_t loaded = m_cache.GetGeneration();
+    m_cache.RemoveListedTables(m_database);
+    EXPECT_EQ(m_cache.GetCount(), 0U);
+    EXPECT_LE(m_cache.GetGeneration() - loaded, 2U) << "the index is rebuilt at each change";
+}
+
 TEST_F(FieldCacheTest, KeepsItsGenerationWhenTheListingNamesNoTableThatItKnows)
 {
     Load({"orders"});
