@@ -127,5 +127,5 @@ UtCString CMyRecordSet::GetErrorMessage() const
         return UtCString();
     if (connection->GetErrorCode() != 0)
         return connection->GetErrorMessage();
-    return client::ErrorText(connection::DatabaseAccess::Handle(*connection));
+    return Guarded(UtCString(), [&] { return client::ErrorText(connection::DatabaseAccess::Handle(*connection)); });
 }

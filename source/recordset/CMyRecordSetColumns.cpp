@@ -51,7 +51,8 @@ bool CMyRecordSet::LoadFieldHash() const
         auto index = std::make_unique<UtCMap<UtCString, unsigned long>>();
         for (unsigned long no = 0; no < m_columns->Count(); ++no) {
             const UtCString name(m_columns->Name(no), UT_ENCODING_DEFAULT); // KEPT K-45: also on a UTF-8 connection.
-            if (!index->Find(name) && !index->Insert(name, no))
+            const bool isWhole = name.GetByteLength() == m_columns->Name(no).size(); // or there was no memory
+            if (!isWhole || (!index->Find(name) && !index->Insert(name, no)))
                 return false;
         }
         m_fieldNameIndex = std::move(index);

@@ -5,6 +5,9 @@
 #include "recordset/PendingChanges.h"
 #include "recordset/ResultColumns.h"
 #include "sql/SelectStatement.h"
+#include "sql/StatementText.h"
+
+#include <new>
 
 // From a statement to a result.
 
@@ -32,9 +35,11 @@ long CMyRecordSet::Select(const UtCString& sql, bool showError, bool asIs)
 
 UtCString CMyRecordSet::CompleteStatement(const UtCString& sql, bool asIs) const
 {
+    if (sql::IsBlank(sql.View(), sql.GetEncodingType()))
+        return sql::SelectAll(m_tableName, GetEncodingType());
     const UtCString text(sql.trim(), GetEncodingType());
-    if (text.IsEmpty())
-        return sql::SelectAll(m_tableName, text.GetEncodingType());
+    if (text.IsEmpty()) // no memory; the whole table is not what was asked for
+        throw std::bad_alloc();
     if (asIs || GetDB()->IsSelectQuery(text))
         return text;
     return sql::SelectByClause(m_tableName, text);

@@ -1,5 +1,7 @@
 #include "sql/SelectStatement.h"
 
+#include "text/TextBuilder.h"
+
 #include <algorithm>
 #include <array>
 
@@ -17,20 +19,22 @@ bool IsCompleteClause(const UtCString& clause)
 
 UtCString SelectAll(const UtCString& table, eUtEncodingType encoding)
 {
-    UtCString statement("SELECT * FROM ", encoding); // KEPT K-40: the table name is not quoted.
-    statement += table;
-    return statement;
+    text::TextBuilder statement(encoding);
+    statement.Append("SELECT * FROM ", UT_ENCODING_DEFAULT); // KEPT K-40: the table name is not quoted.
+    statement.AppendText(table);
+    return statement.Take();
 }
 
 UtCString SelectByClause(const UtCString& table, const UtCString& clause)
 {
-    UtCString statement("SELECT ", clause.GetEncodingType());
-    statement += table;
-    statement += ".* FROM ";
-    statement += table;
-    statement += IsCompleteClause(clause) ? " " : " WHERE ";
-    statement += clause;
-    return statement;
+    text::TextBuilder statement(clause.GetEncodingType());
+    statement.Append("SELECT ", UT_ENCODING_DEFAULT);
+    statement.AppendText(table);
+    statement.Append(".* FROM ", UT_ENCODING_DEFAULT);
+    statement.AppendText(table);
+    statement.Append(IsCompleteClause(clause) ? " " : " WHERE ", UT_ENCODING_DEFAULT);
+    statement.AppendText(clause);
+    return statement.Take();
 }
 
 } // namespace sql

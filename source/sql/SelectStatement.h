@@ -3,7 +3,7 @@
 #include "text/UtCString.h"
 
 /// The statements that a record set completes from its table and a caller's text. Nothing is quoted or escaped: names
-/// that need backticks are the caller's to quote.
+/// that need backticks are the caller's to quote. A statement for which there is no memory is empty, never a part.
 namespace sql {
 
 /// SELECT * FROM table, in the given encoding.

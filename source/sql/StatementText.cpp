@@ -1,5 +1,7 @@
 #include "sql/StatementText.h"
 
+#include "text/TextSearch.h"
+
 namespace sql {
 
 namespace {
@@ -30,6 +32,11 @@ std::string_view TrimStatement(std::string_view bytes, eUtEncodingType encoding)
     while (size != 0 && IsTrimmed(bytes[size - 1]))
         --size;
     return bytes.substr(0, size);
+}
+
+bool IsBlank(std::string_view bytes, eUtEncodingType encoding) noexcept
+{
+    return text::LeadingEnd({bytes, encoding}, {" ", UT_ENCODING_DEFAULT}) == bytes.size();
 }
 
 } // namespace sql

@@ -48,4 +48,17 @@ TEST(TrimStatement, DropsAHalfUnitAtTheEnd)
     EXPECT_EQ(sql::TrimStatement("x", UT_ENCODING_UTF16_BE), "");
 }
 
+TEST(IsBlank, IsTrueForBlanksOnly)
+{
+    EXPECT_TRUE(sql::IsBlank("", UT_ENCODING_DEFAULT));
+    EXPECT_TRUE(sql::IsBlank("   ", UT_ENCODING_UTF8));
+    EXPECT_TRUE(sql::IsBlank(" \0 \0"sv, UT_ENCODING_UTF16_LE));
+    EXPECT_TRUE(sql::IsBlank("\0 \0 "sv, UT_ENCODING_UTF16_BE));
+    EXPECT_FALSE(sql::IsBlank(" x ", UT_ENCODING_DEFAULT));
+    EXPECT_FALSE(sql::IsBlank("\t", UT_ENCODING_DEFAULT));
+    EXPECT_FALSE(sql::IsBlank("\xA0", UT_ENCODING_DEFAULT)); // a no-break space
+    EXPECT_FALSE(sql::IsBlank("\0"sv, UT_ENCODING_DEFAULT));
+    EXPECT_FALSE(sql::IsBlank("  "sv, UT_ENCODING_UTF16_LE)); // U+2020
+}
+
 } // namespace
