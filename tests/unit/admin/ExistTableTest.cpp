@@ -52,6 +52,14 @@ TEST_F(ExistTable, AsksForTheNameInUpperCaseWithoutBlanksAndBackquotesAtItsEnds)
     EXPECT_EQ(m_client.Statements(), std::vector<std::string>{"SHOW TABLES FROM shop LIKE 'KUNDEN'"});
 }
 
+TEST_F(ExistTable, RaisesLettersOfEveryEncodingToUpperCase)
+{
+    m_database.ExistTable("k\xFChe");
+    m_database.ExistTable(UtCString("k\xC3\xBChe", UT_ENCODING_UTF8));
+    const std::string statement = "SHOW TABLES FROM shop LIKE 'K\xDCHE'";
+    EXPECT_EQ(m_client.Statements(), (std::vector<std::string>{statement, statement}));
+}
+
 TEST_F(ExistTable, LeavesBlanksAndBackquotesWithinTheName)
 {
     m_database.ExistTable("a `b` c");

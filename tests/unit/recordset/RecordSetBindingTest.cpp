@@ -160,6 +160,24 @@ TEST_F(RecordSetBinding, SetDatabaseFreesTheResult)
     EXPECT_EQ(m_client.ResultsOpened(), m_client.ResultsClosed());
 }
 
+TEST_F(RecordSetBinding, SetDatabaseFreesTheResultAlsoWhenItFails)
+{
+    m_client.OnPrefix("SELECT", CountedRows(2));
+    CMyRecordSet records(m_database, "orders");
+    ASSERT_EQ(records.Select(""), 2);
+    EXPECT_FALSE(records.SetDatabase(nullptr, ""));
+    EXPECT_FALSE(records.IsOpen());
+    EXPECT_TRUE(records.IsEOF());
+
+    ASSERT_TRUE(records.SetDatabase(&m_database, ""));
+    ASSERT_EQ(records.Select(""), 2);
+    CMyDatabase unreachable(Server(), "shop");
+    m_client.FailAlways(fake::Call::Connect, 2002);
+    EXPECT_FALSE(records.SetDatabase(&unreachable, ""));
+    EXPECT_FALSE(records.IsOpen());
+    EXPECT_EQ(m_client.ResultsOpened(), m_client.ResultsClosed());
+}
+
 struct NameRow
 {
     const char* name;
@@ -221,6 +239,18 @@ TEST_F(RecordSetBinding, TheConnectionIsClosedThroughItsVirtualCloseWhenAskedFor
     EXPECT_FALSE(database.IsConnected());
 }
 
+TEST_F(RecordSetBinding, TheResultIsFreedBeforeTheConnectionIsClosed)
+{
+    m_client.OnPrefix("SELECT", CountedRows(2));
+    {
+        CMyRecordSet records(m_database, "orders");
+        records.SetCloseConnectionOnExit(true);
+        ASSERT_EQ(records.Select(""), 2);
+        m_client.ForgetCalls();
+    }
+    EXPECT_EQ(m_client.CallNames(), (std::vector<std::string>{"mysql_free_result", "mysql_close"}));
+}
+
 TEST_F(RecordSetBinding, ClosingOnExitWithoutAConnectionDoesNothing)
 {
     CMyRecordSet records;
@@ -245,6 +275,16 @@ TEST_F(RecordSetBinding, IsValidTableAsksTheDatabase)
     EXPECT_FALSE(CMyRecordSet(m_database, "others").IsValidTable());
     EXPECT_FALSE(CMyRecordSet(m_database, "").IsValidTable());
     EXPECT_FALSE(CMyRecordSet().IsValidTable());
+}
+
+TEST_F(RecordSetBinding, IsValidTableAsksTheBoundConnectionAlsoWhileAStreamIsRead)
+{
+    m_client.On("SHOW TABLES FROM shop LIKE 'ORDERS'", Reply::Rows({"T"}, {{"orders"}}));
+    m_client.On("SELECT s", CountedRows(3));
+    CMyRecordSet records(m_database, "orders");
+    ASSERT_TRUE(records.SelectLargeResult("SELECT s"));
+    EXPECT_TRUE(records.IsValidTable());
+    EXPECT_TRUE(records.MoveNext());
 }
 
 TEST_F(RecordSetBinding, TheEncodingIsThatOfTheConnectionsSettings)

@@ -266,6 +266,7 @@ TEST_F(RecordSetColumns, GetFieldDescribesTheResultsColumn)
                               .charsetnr = 63}});
     const CMyField field = records.GetField("Total");
     EXPECT_EQ(field.GetName(), "Total");
+    EXPECT_EQ(field.GetName().GetEncodingType(), UT_ENCODING_DEFAULT);
     EXPECT_EQ(field.GetFieldType(), MYTYPE_DOUBLE);
     EXPECT_EQ(field.GetLength(), 22U);
     EXPECT_EQ(field.GetFlags(), static_cast<uint32_t>(NOT_NULL_FLAG | NUM_FLAG));

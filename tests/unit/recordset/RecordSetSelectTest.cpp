@@ -2,6 +2,9 @@
 
 #include "harness/MessageRecorder.h"
 
+#include <chrono>
+#include <thread>
+
 namespace {
 
 using fake::Reply;
@@ -33,6 +36,9 @@ const StatementRow statementRows[] = {
     {"Having", "HAVING id > 5", false, "SELECT orders.* FROM orders HAVING id > 5"},
     {"Limit", "LIMIT 1, 2", false, "SELECT orders.* FROM orders LIMIT 1, 2"},
     {"ConditionAsIs", "id > 5", true, "id > 5"},
+    {"ConditionAsIsWithBlanksAround", "  id > 5  ", true, "id > 5"},
+    {"LineBreakIsNoBlank", "\nORDER BY id", false, "SELECT orders.* FROM orders WHERE \nORDER BY id"},
+    {"TabIsNoBlank", "\t", false, "SELECT orders.* FROM orders WHERE \t"},
     {"Select", "SELECT 1 + 1 FROM dual", false, "SELECT 1 + 1 FROM dual"},
     {"SelectInLowerCase", "select * from t", false, "select * from t"},
     {"SelectAfterBlanks", "  SELECT * FROM t", false, "SELECT * FROM t"},
@@ -89,6 +95,19 @@ TEST_F(RecordSetSelect, ReturnsTheNumberOfRowsAndStandsOnTheFirst)
     EXPECT_EQ(records.GetAffectedRows(), 3);
     EXPECT_EQ(records.GetFieldCount(), 1U);
     EXPECT_TRUE(Bytes(records.GetQueryInfo()).starts_with("Query OK. 3 Records in "));
+}
+
+TEST_F(RecordSetSelect, TellsTheQueryTimeOfTheConnection)
+{
+    m_client.OnPrefix("SELECT", CountedRows(1));
+    m_client.SetStatementObserver(
+        [](const std::string&) { std::this_thread::sleep_for(std::chrono::milliseconds(5)); });
+    OpenRecordSet records(m_database, "orders");
+    ASSERT_EQ(records.Select(""), 1);
+    EXPECT_GE(records.GetQueryTime(), 4U);
+    EXPECT_EQ(records.GetQueryTime(), m_database.GetQueryTime());
+    ASSERT_EQ(records.SetSQLCommand("SELECT 1", false, true), 1);
+    EXPECT_GE(records.GetQueryTime(), 4U);
 }
 
 TEST_F(RecordSetSelect, ReturnsZeroForAnEmptyResultAndStandsAtEndOfFile)
