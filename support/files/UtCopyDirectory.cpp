@@ -27,7 +27,7 @@ public:
 private:
     bool IsInside(const fs::path& source) const
     {
-        const fs::path target = fs::weakly_canonical(m_target);
+        const fs::path target = fs::weakly_canonical(fs::absolute(m_target));
         const fs::path folder = fs::canonical(source);
         return std::mismatch(folder.begin(), folder.end(), target.begin(), target.end()).first == folder.end();
     }

@@ -163,6 +163,19 @@ TEST(UtCopyDirectory, CreatesNothingWhenTheTargetIsTheSourceOrInsideIt)
     }
 }
 
+TEST(UtCopyDirectory, CreatesNothingInTheWorkingFolderWhenThatIsTheSource)
+{
+    const TestFolder folder;
+    folder.MakeFile("a");
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path());
+    EXPECT_NE(UtCopyDirectory(Ansi("."), Ansi("new")), 0);
+    EXPECT_NE(UtCopyDirectory(Ansi("."), Ansi("new\\er")), 0);
+    EXPECT_NE(UtCopyDirectory(Written(folder.Path()), Ansi("new")), 0);
+    fs::current_path(before);
+    EXPECT_EQ(Names(folder.Path()), std::set<std::string>{"a"});
+}
+
 TEST(UtCopyDirectory, CopiesToANeighbourWithALongerName)
 {
     const TestFolder folder;
