@@ -216,16 +216,6 @@ bool IsWellFormed(std::string_view bytes, eUtEncodingType encoding) noexcept
     return WithCodec(encoding, [&](auto codec) { return AllCharacters<decltype(codec)>(bytes, &Utf8::CanHold); });
 }
 
-bool ConvertsExactly(std::string_view bytes, eUtEncodingType from, eUtEncodingType to) noexcept
-{
-    if (KeepsBytes(bytes, from, to))
-        return true;
-    return WithCodec(from, [&](auto source) {
-        return WithCodec(
-            to, [&](auto target) { return AllCharacters<decltype(source)>(bytes, &decltype(target)::CanHold); });
-    });
-}
-
 size_t ConvertedSize(std::string_view bytes, eUtEncodingType from, eUtEncodingType to) noexcept
 {
     return WithCodec(from, [&](auto source) {

@@ -201,9 +201,6 @@ size_t SkipCharacters(std::string_view bytes, eUtEncodingType encoding, size_t f
 /// Whether the text has no malformed character.
 bool IsWellFormed(std::string_view bytes, eUtEncodingType encoding) noexcept;
 
-/// Whether the text converted from `from` to `to` has the same characters: nothing malformed, nothing unrepresentable.
-bool ConvertsExactly(std::string_view bytes, eUtEncodingType from, eUtEncodingType to) noexcept;
-
 /// The size in bytes of the converted text, and the conversion itself, which writes exactly that many bytes to `out`.
 /// What `to` cannot hold becomes "?" (single byte) or U+FFFD. Not for texts that keep their bytes.
 size_t ConvertedSize(std::string_view bytes, eUtEncodingType from, eUtEncodingType to) noexcept;
