@@ -1,5 +1,7 @@
 #include "text/Printf.h"
 
+#include "text/CodePoints.h"
+
 #include <algorithm>
 #include <charconv>
 #include <climits>
@@ -361,12 +363,33 @@ void AppendCharText(TextBuilder& out, const Spec& spec, const char* text) noexce
     AppendPadded(out, spec, text == nullptr ? AtMost("(null)", spec.precision) : AtMost(text, spec.precision));
 }
 
+/// The whole characters that fit into `precision` bytes. Nothing behind them is read: with a precision the text needs
+/// no terminator.
+void AppendWideAtMost(TextBuilder& out, const wchar_t* text, int precision) noexcept
+{
+    WithCodec(out.GetEncodingType(), [&](auto codec) {
+        size_t room = precision < 0 ? SIZE_MAX : static_cast<size_t>(precision);
+        while (room != 0 && *text != 0) {
+            const uint32_t character = NextWide(text);
+            if (codec.Size(character) > room)
+                return;
+            char bytes[4];
+            const size_t size = static_cast<size_t>(codec.Put(bytes, character) - bytes);
+            out.Append({bytes, size});
+            room -= size;
+        }
+    });
+}
+
 void AppendWideText(TextBuilder& out, const Spec& spec, const wchar_t* text, eUtEncodingType encoding) noexcept
 {
     if (text == nullptr)
         return AppendCharText(out, spec, nullptr);
-    const UtCString converted(text, encoding);
-    AppendPadded(out, spec, AtMost(converted.string(), spec.precision));
+    TextBuilder converted(encoding);
+    AppendWideAtMost(converted, text, spec.precision);
+    if (converted.HasFailed())
+        return out.Fail();
+    AppendPadded(out, spec, converted.Take().View());
 }
 
 void AppendCharacter(TextBuilder& out, const Spec& spec, Arguments& arguments, eUtEncodingType wideEncoding) noexcept

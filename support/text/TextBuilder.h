@@ -35,6 +35,9 @@ public:
             Append({&character, 1});
     }
 
+    /// Gives the text up, as if memory had run out.
+    void Fail() noexcept { m_failed = true; }
+
     /// The text; the builder is used up.
     UtCString Take() noexcept
     {
@@ -45,6 +48,8 @@ public:
 
     /// Whether memory ran out.
     bool HasFailed() const noexcept { return m_failed; }
+
+    eUtEncodingType GetEncodingType() const noexcept { return m_text.GetEncodingType(); }
 
 private:
     UtCString m_text;

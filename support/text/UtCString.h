@@ -245,9 +245,8 @@ public:
     // Formatting: keep the encoding tag unless they name one
 
     /// C's printf conventions with "." as the decimal point; "%n" writes nothing, "%s" with null writes "(null)",
-    /// fields and numbers end at 100000 characters. The
-    /// result is taken as a text in this text's encoding (1200, 1201: converted from Windows-1252). Arguments may point
-    /// into this text. Null as format is empty.
+    /// fields and numbers end at 100000 characters. The result is taken as a text in this text's encoding (1200, 1201:
+    /// converted from Windows-1252). Arguments may point into this text. Null as format is empty.
     void Format(const char* format, ...) noexcept;
     void AppendFormat(const char* format, ...) noexcept; ///< appends what Format would give
     /// Becomes `format` with each "%s", in order, filled with the next item of the list, in `encoding`. Items are

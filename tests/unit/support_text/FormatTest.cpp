@@ -98,6 +98,28 @@ TEST(Format, WritesTexts)
     EXPECT_EQ(Formatted("%.2s", unterminated), "ab");
 }
 
+TEST(Format, CutsAWideTextBehindAWholeCharacter)
+{
+    const struct
+    {
+        int precision;
+        const char* expected;
+    } rows[] = {{0, ""},
+                {1, "a"},
+                {2, "a"},
+                {3, "a\xC3\xBC"},
+                {5, "a\xC3\xBC"},
+                {6, "a\xC3\xBC\xE2\x82\xAC"},
+                {99, "a\xC3\xBC\xE2\x82\xAC"}};
+    for (const auto& row : rows) {
+        UtCString text(utf8);
+        text.Format("%.*ls", row.precision, L"a\u00FC\u20AC");
+        EXPECT_EQ(Bytes(text), row.expected) << row.precision;
+    }
+    const wchar_t unterminated[2] = {L'a', L'b'};
+    EXPECT_EQ(Formatted("%.2ls|%3.1ls", unterminated, unterminated), "ab|  a");
+}
+
 TEST(Format, WritesPointersInHexadecimal)
 {
     EXPECT_EQ(Formatted("%p", reinterpret_cast<void*>(0xABC)), "0xabc");

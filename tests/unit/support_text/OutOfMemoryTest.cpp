@@ -97,6 +97,12 @@ const Outcome outcomes[] = {
          text.Format("%s %050d", "twenty bytes of text", 1);
          return text;
      }},
+    {"FormatWide",
+     [] {
+         UtCString text("short");
+         text.Format("<%ls>", L"a text that does not fit into the inline storage");
+         return text;
+     }},
     {"AppendFormat",
      [] {
          UtCString text("short", utf16le);
