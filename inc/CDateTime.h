@@ -116,8 +116,7 @@ public:
     /// invalid, so ask `IsValid` afterwards.
     bool SetDate(const UtCString& text);
     /// Reads year, month and day as 8 digits, or with hour, minute and second as 14, after every blank, ".", ":", "-"
-    /// and
-    /// "/" was left out: "20240305", "2024-03-05 14:07:09". False, with value 0.0 and status null, for every other
+    /// and "/" was left out: "20240305", "2024-03-05 14:07:09". False, with value 0.0 and status null, for every other
     /// number of characters, for one that is no digit, and for a date that does not exist.
     bool ConvertDate(const UtCString& text);
     /// Reads a date, a time or both in the form of the user's locale. `flags` are the platform's: 0x1 a time only, 0x2

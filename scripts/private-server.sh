@@ -60,7 +60,7 @@ private_server_start() {
     private_server_password=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
     mkdir "$private_server_folder/data"
     (umask 077 && private_server_accounts >"$private_server_folder/accounts.sql")
-    if ! mariadb-install-db --no-defaults "${as_user[@]}" --auth-root-authentication-method=normal --skip-test-db \
+    if ! mariadb-install-db --no-defaults --force "${as_user[@]}" --auth-root-authentication-method=normal --skip-test-db \
         --datadir="$private_server_folder/data" >"$private_server_folder/log" 2>&1; then
         cat "$private_server_folder/log" >&2
         return 1

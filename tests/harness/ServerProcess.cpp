@@ -87,8 +87,8 @@ void ServerProcess::Restart()
 void ServerProcess::CreateDataFolder() const
 {
     std::ofstream(m_folder.Path() / "accounts.sql") << ACCOUNTS;
-    std::vector<std::string> arguments = {"--no-defaults", "--auth-root-authentication-method=normal", "--skip-test-db",
-                                          "--datadir=" + DataFolder().string()};
+    std::vector<std::string> arguments = {"--no-defaults", "--force", "--auth-root-authentication-method=normal",
+                                          "--skip-test-db", "--datadir=" + DataFolder().string()};
     if (::geteuid() == 0) {
         arguments.push_back("--user=root");
     }

@@ -40,6 +40,35 @@ TEST(AddDays, MovesTheDateAndKeepsTheTime)
     }
 }
 
+TEST(Arithmetic, LeavesTheValueAsItIsWhenNothingIsAdded)
+{
+    for (const double value : {-0.25, 45356.123456789, -1.9999999, 0.9999999}) {
+        CDateTime date = Raw(value);
+        EXPECT_TRUE(date.AddDays(0));
+        EXPECT_TRUE(date.AddMonths(0));
+        EXPECT_TRUE(date.AddYears(0));
+        EXPECT_EQ(date.GetValue(), value);
+    }
+}
+
+TEST(AddDays, KeepsTheFractionOfASecond)
+{
+    CDateTime date = Raw(45356.75 + 1.0 / 1048576);
+    ASSERT_TRUE(date.AddDays(-45360));
+    EXPECT_EQ(date.GetValue(), -4.75 - 1.0 / 1048576);
+    ASSERT_TRUE(date.AddDays(45360));
+    EXPECT_EQ(date.GetValue(), 45356.75 + 1.0 / 1048576);
+}
+
+TEST(AddDays, MayEndAtTheEmptyDate)
+{
+    CDateTime date(1899, 12, 31, 0, 0, 0);
+    EXPECT_TRUE(date.AddDays(-1));
+    EXPECT_EQ(date.GetValue(), 0.0);
+    EXPECT_EQ(date.GetStatus(), CDateTime::valid);
+    EXPECT_TRUE(date.IsNull());
+}
+
 TEST(AddDays, StoresTimesBeforeTheEpochForwardFromTheStartOfTheirDay)
 {
     CDateTime date(1899, 12, 31, 6, 0, 0);
@@ -112,6 +141,14 @@ TEST(AddMonths, ClampsTheDayToTheMonth)
         {{2024, 3, 5, 0, 0, 0}, 1, INT_MIN, "2024-04-05 00:00:00 (0)"},
         {{1900, 1, 31, 6, 0, 0}, -1, 0, "1899-12-31 06:00:00 (0)"},
         {{1900, 1, 29, 6, 0, 0}, -1, 0, "1899-12-29 06:00:00 (0)"},
+        {{1900, 1, 30, 0, 0, 0}, -1, 0, "1899-12-30 00:00:00 (0)"},
+        {{1899, 12, 30, 6, 0, 0}, 1, 0, "1900-01-30 06:00:00 (0)"},
+        {Raw(45356 + 58.6 / 86400), 1, 0, "2024-04-05 00:00:59 (0)"},
+        {Raw(45321 + 86399.6 / 86400), 1, 0, "2024-02-29 00:00:00 (0)"},
+        {{2024, 5, 31, 0, 0, 0}, -1, 0, "2024-04-30 00:00:00 (0)"},
+        {{2024, 2, 29, 0, 0, 0}, 12, 0, "2025-02-28 00:00:00 (0)"},
+        {{2024, 2, 29, 0, 0, 0}, -48, 0, "2020-02-29 00:00:00 (0)"},
+        {{2024, 2, 29, 0, 0, 0}, 1, 30, "2024-03-30 00:00:00 (0)"},
         {{2024, 3, 5, 0, 0, 0}, -1924 * 12, 0, "0100-03-05 00:00:00 (0)"},
         {{2024, 3, 5, 0, 0, 0}, 7975 * 12 + 9, 0, "9999-12-05 00:00:00 (0)"},
     };

@@ -65,6 +65,22 @@ TEST(CDateTimeClock, TellsTodayAtMidnight)
     }
 }
 
+// Wherever the sun stands, today is another date in one of the two zones than in the universal time.
+TEST(CDateTimeClock, TellsTheDateOfTheLocalZone)
+{
+    for (const char* const name : {"XXX-14", "XXX+12"}) {
+        const Environment zone("TZ", name);
+        const long long before = CurrentStamp();
+        const CDateTime today = CDateTime::GetCurrentDate();
+        const CDateTime now = CDateTime::GetTickCount();
+        const long long after = CurrentStamp();
+        EXPECT_GE(Stamp(today), before / timePart * timePart) << name;
+        EXPECT_LE(Stamp(today), after / timePart * timePart) << name;
+        EXPECT_GE(Stamp(now), before) << name;
+        EXPECT_LE(Stamp(now), after) << name;
+    }
+}
+
 TEST(CDateTimeClock, TellsTheTimeOnTheDayZero)
 {
     const Environment zone("TZ", "XXX-7");

@@ -208,6 +208,10 @@ TEST(CDateTime, TellsDateAndTimeParts)
         {"first second of the day 1", Raw(1.0), false, false, true},
         {"day -1", Raw(-1.0), false, false, true},
         {"less than a second", Raw(1e-9), false, true, false},
+        {"day 0 that reads as day 1", Raw(0.9999999), false, true, false},
+        {"negative fraction that reads as day 1", Raw(-0.9999999), false, true, false},
+        {"day -1 that reads as day 0", Raw(-1.9999999), false, false, false},
+        {"negative zero", Raw(-0.0), true, false, false},
         {"empty date", CDateTime(), true, false, false},
         {"year below 1600", {1599, 3, 5, 0, 0, 0}, true, false, false},
     };
@@ -251,6 +255,25 @@ TEST(CDateTime, KnowsTheWeekday)
     EXPECT_EQ(CDateTime(2024, 3, 9, 23, 59, 59).GetDayOfWeek(), SATURDAY);
     EXPECT_EQ(CDateTime(1899, 12, 30, 1, 0, 0).GetDayOfWeek(), SATURDAY);
     EXPECT_EQ(CDateTime(1599, 12, 31, 0, 0, 0).GetDayOfWeek(), WEEKDAY_NONE);
+}
+
+TEST(CDateTime, TakesTheDayThatItReads)
+{
+    const struct
+    {
+        double value;
+        WEEKDAY day;
+        unsigned int number;
+    } rows[] = {{45356 + 86399.4 / 86400, TUESDAY, 20240305},
+                {45356 + 86399.6 / 86400, WEDNESDAY, 20240306},
+                {-1.25, FRIDAY, 18991229},
+                {-1.9999999, SATURDAY, 18991230},
+                {-0.25, SATURDAY, 18991230},
+                {-2.9999999, FRIDAY, 18991229}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(Raw(row.value).GetDayOfWeek(), row.day) << row.value;
+        EXPECT_EQ(Raw(row.value).GetDateValue(), row.number) << row.value;
+    }
 }
 
 TEST(CDateTime, GivesTheDateAsANumber)
@@ -343,6 +366,11 @@ TEST(CDateTime, HasTheLayoutOfTheFrameworksDateTime)
     std::memcpy(static_cast<void*>(&date), &ole, sizeof date);
     EXPECT_EQ(Shown(date), "2024-03-05 12:00:00 (0)");
     EXPECT_EQ(Shown(CDateTime(ole)), "2024-03-05 12:00:00 (0)");
+    const CDateTime null = Raw(-123.5, COleDateTime::null);
+    COleDateTime back;
+    std::memcpy(static_cast<void*>(&back), &null, sizeof back);
+    EXPECT_EQ(back.m_dt, -123.5);
+    EXPECT_EQ(back.m_status, COleDateTime::null);
     EXPECT_EQ(Shown(CDateTime(COleDateTime(2024, 2, 30, 0, 0, 0))), shownInvalid);
 }
 
@@ -373,10 +401,30 @@ TEST(CDateTime, ConvertsOtherVariants)
     }
 }
 
+TEST(CDateTime, ConvertsVariantTexts)
+{
+    const Environment locale("LC_ALL", "C");
+    VARIANT variant{};
+    variant.vt = VT_BSTR;
+    std::u16string text = u"2024-03-05 14:07:09";
+    variant.bstrVal = text.data();
+    EXPECT_EQ(Shown(CDateTime(variant)), "2024-03-05 14:07:09 (0)");
+    for (std::u16string refused : {u"2024-02-30", u"45356", u"", u"\xD800"}) {
+        variant.bstrVal = refused.data();
+        EXPECT_EQ(Shown(CDateTime(variant)), shownInvalid);
+        EXPECT_EQ(CDateTime(variant).GetValue(), 0.0);
+    }
+    variant.bstrVal = nullptr;
+    EXPECT_EQ(Shown(CDateTime(variant)), shownInvalid);
+}
+
 TEST(CDateTime, BreaksSecondsDownInLocalTime)
 {
     const Environment zone("TZ", centralEurope);
     EXPECT_EQ(Shown(CDateTime(0LL)), "1970-01-01 01:00:00 (0)");
+    EXPECT_EQ(Shown(CDateTime(-1LL)), "1970-01-01 00:59:59 (0)");
+    EXPECT_EQ(Shown(CDateTime(-3601LL)), "1969-12-31 23:59:59 (0)");
+    EXPECT_EQ(Shown(CDateTime(2147483648LL)), "2038-01-19 04:14:08 (0)");
     EXPECT_EQ(Shown(CDateTime(1709644029LL)), "2024-03-05 14:07:09 (0)");
     EXPECT_EQ(Shown(CDateTime(1720000000LL)), "2024-07-03 11:46:40 (0)");
     EXPECT_EQ(Shown(CDateTime(CTime(1720000000))), "2024-07-03 11:46:40 (0)");
@@ -402,6 +450,10 @@ TEST(CDateTime, GivesTheTimeInSecondsFrom1970To2038)
         {{2024, 3, 5, 14, 7, 9}, 1709644029},
         {{2024, 7, 3, 11, 46, 40}, 1720000000},
         {{1970, 1, 1, 1, 0, 0}, 0},
+        {{1970, 1, 1, 0, 0, 0}, -3600},
+        {{2024, 10, 27, 1, 59, 59}, 1729987199},
+        {{2024, 10, 27, 3, 0, 0}, 1729994400},
+        {{2038, 1, 19, 4, 14, 8}, 2147483648},
         {{1970, 1, 2, 0, 0, 0}, 82800},
         {{1969, 12, 31, 23, 59, 59}, 0},
         {{2038, 12, 31, 23, 59, 59}, 2177449199},

@@ -1,6 +1,7 @@
 #include "unit/datetime/DateTestSupport.h"
 
 #include "datetime/DateFormat.h"
+#include "unit/TestLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -87,6 +88,15 @@ TEST(GetDate, IsEmptyForANullDateExceptTheSqlLiteral)
             EXPECT_EQ(Text(date.GetDate(selector)), selector == 8 ? "'0000-00-00'" : "") << date.GetValue();
 }
 
+TEST(GetDate, IsInEncoding256AlsoForANullDate)
+{
+    const Environment locale("LC_ALL", "C");
+    for (const unsigned int selector : {0u, 1u, 8u, 9u, 13u}) {
+        EXPECT_EQ(CDateTime().GetDate(selector).GetEncodingType(), UT_ENCODING_DEFAULT) << selector;
+        EXPECT_EQ(CDateTime(2024, 3, 5, 0, 0, 0).GetDate(selector).GetEncodingType(), UT_ENCODING_DEFAULT) << selector;
+    }
+}
+
 TEST(GetDate, Kept_K50_TwoBlanksForPeopleAndOneForTheServer)
 {
     const CDateTime date(2024, 3, 5, 14, 7, 9);
@@ -100,6 +110,20 @@ TEST(GetDate, FollowsTheLocaleForZeroAndUnknownSelectors)
     const CDateTime date(2024, 3, 5, 14, 7, 9);
     for (const unsigned int selector : {0u, 13u, 0x80000000u, 0xFFFFFFFFu})
         EXPECT_EQ(Text(date.GetDate(selector)), "03/05/24") << selector;
+}
+
+constexpr TestLocale::Dates german = {"%d. %B %Y", "M<U00E4>rz", "M<U00E4>r", "Dienstag", "Di", "", ""};
+
+TEST(GetDate, WritesAndParseDateReadsTheUsersLocale)
+{
+    const TestLocale locale(german);
+    const UtCString text = CDateTime(2024, 3, 5, 14, 7, 9).GetDate(0);
+    EXPECT_EQ(Text(text), "05. M\xE4rz 2024");
+    EXPECT_EQ(text.GetEncodingType(), UT_ENCODING_DEFAULT);
+    EXPECT_EQ(Shown(CDateTime::ParseDate(text)), "2024-03-05 00:00:00 (0)");
+    EXPECT_EQ(Shown(CDateTime::ParseDate(UtCString(text, UT_ENCODING_UTF16_BE))), "2024-03-05 00:00:00 (0)");
+    EXPECT_EQ(Shown(CDateTime::ParseDate(Ansi("4.5.2024"))), "2024-05-04 00:00:00 (0)");
+    EXPECT_EQ(Text(CDateTime(2024, 3, 5, 14, 7, 9).GetDate(1)), "05.03.2024") << "the other forms do not follow it";
 }
 
 TEST(DateToStr, IsTheLocalesShortDate)
