@@ -28,7 +28,7 @@ enum LocaleDateFlags : uint32_t
 /// - the ISO forms 2024-03-05, 20240305, 2024-03-05 14:07:09 and 2024-03-05T14:07:09, seconds optional;
 /// - day, month and year as numbers in the locale's order, separated by "." "/" "-" "," or blanks; where that is no
 ///   date, another order (31/12/2024 where the month comes first). Day and month alone, or month and a year of more
-///   than two digits, do too;
+///   than two digits or above 31, do too;
 /// - the month as the locale's name or abbreviation, before or behind the day; a weekday name is skipped;
 /// - a year of up to two digits is 1969 to 2068;
 /// - a time as 14:07, 14:07:09, 14:07:09.5 (the fraction is dropped) and, with the locale's or the English letters,

@@ -112,7 +112,8 @@ TEST(VariantToOleDate, ReadsTexts)
     EXPECT_EQ(convert(u"2024-03-05 12:00").date, 45356.5);
     EXPECT_EQ(convert(u"  March 5, 2024  ").date, 45356);
     EXPECT_EQ(convert(u"06:00").date, 0.25);
-    for (const char16_t* const text : {u"", u" ", u"45356", u"no date", u"2024-02-30", u"\u00FC", u"\xD800"})
+    for (const char16_t* const text : {u"", u" ", u"45356", u"no date", u"2024-02-30", u"\u00FC", u"\xD800",
+                                       u"2024-03-0\u0135", u"2024-03-05\x1200"})
         EXPECT_FALSE(convert(text).isConverted);
     EXPECT_FALSE(Convert(VT_BSTR).isConverted) << "a null text is the empty one";
 }

@@ -53,7 +53,7 @@ TEST(ShortDate, IsInUtf8)
 TEST(ShortDate, IsEmptyFromSeventyNineCharactersOn)
 {
     const std::string march(30, 'm');
-    for (const size_t length : {77, 78, 79, 80, 81, 200}) {
+    for (const size_t length : {77u, 78u, 79u, 80u, 81u, 200u}) {
         const std::string rest(length % march.size(), 'x');
         std::string form = rest;
         std::string expected = rest;
@@ -113,6 +113,7 @@ TEST(ParseLocaleDate, KnowsTheNamesOfTheUsersLocale)
     EXPECT_TRUE(Reads("5.3.2024 2:07 ip.", {2024, 3, 5, 14, 7, 0}));
     EXPECT_TRUE(Reads("5.3.2024 2:07 ap", {2024, 3, 5, 2, 7, 0}));
     EXPECT_TRUE(Reads("5.3.2024 2:07 PM", {2024, 3, 5, 14, 7, 0})) << "the English letters do, too";
+    EXPECT_TRUE(Reads("5.3.2024 12:07 a.m.", {2024, 3, 5, 0, 7, 0}));
 }
 
 TEST(ParseLocaleDate, KnowsEveryMonthAndWeekday)
