@@ -59,9 +59,11 @@ public:
     ///
     /// An empty `databaseName` keeps the stored name. Another name than the stored one (compared exactly) closes the
     /// connection, is stored, and connects anew. A live connection to the stored database is only pinged (one round
-    /// trip). Otherwise one connect is made, as the lower-cased user of the settings, without a Unix socket, and then
-    /// the list of the database's tables is fetched ("SHOW TABLES") to drop what the table cache knew about tables of
-    /// these names. Host, user, password and name go to the client byte for byte as they are stored.
+    /// trip). Free streamed results before: while rows or the status of a procedure are unread the ping fails, so the
+    /// connection is replaced and takes them along. Otherwise one connect is made, as the lower-cased user of the
+    /// settings, without a Unix socket, and then the list of the database's tables is fetched ("SHOW TABLES") to drop
+    /// what the table cache knew about tables of these names. Host, user, password and name go to the client byte for
+    /// byte as they are stored.
     ///
     /// `interactive` shows a message box when the connect fails, and after a successful one runs
     /// CheckAndRepairDatabaseIntegrity(true).
@@ -80,7 +82,8 @@ public:
     ///
     /// After a success on a new connection the outcome of the last statement is that of "SHOW TABLES", with error code
     /// 0 unless that statement itself failed. Where the server closes the connection during it and cannot be reached
-    /// again the result is false.
+    /// again the result is false. Without a database name nothing is asked and the outcome stays, that of an earlier
+    /// failed Open included.
     ///
     /// Kept: no character set is requested. The server gets and sends what its and the client's defaults say (utf8mb4);
     /// the charset of the settings only tags texts. Statements in encoding 256 with characters outside ASCII are
@@ -163,9 +166,10 @@ public:
     /// 2147483648 on it comes out negative, and 4294967295 comes out as 0, so that -1 is always a failure.
     ///
     /// -1, with `*result` untouched:
-    /// - The connection could not be opened: the last statement is cleared, the error is the one that Open left.
-    /// - The statement is empty: the error state stays as it was; last statement, query time and affected rows are
-    ///   cleared.
+    /// - The connection could not be opened: the last statement is cleared, the error is the one that Open left, query
+    ///   time and affected rows stay.
+    /// - The statement is empty (a closed connection is opened all the same): the error state stays as it was; last
+    ///   statement, query time and affected rows are cleared.
     /// - The server or the client refused it, or lost the connection while sending the rows: GetErrorCode and
     ///   GetErrorMessage tell; query time and affected rows are 0. With `showError` a message box shows the error and
     ///   the statement (its first 32000 characters).
@@ -214,27 +218,29 @@ public:
     /// what the client can count, gives an empty `out`.
     void MakeEscapeString(const void* data, unsigned __int64 size, UtCString& out);
 
-    /// The error number of the last statement or Open: 0 after a success, otherwise the client's (1000 to 1999 from the
-    /// server, from 2000 from the client itself), with the one exception under ExecuteQuery, "Lost connection".
+    /// The error number of the last statement or of an Open since that failed to connect: 0 after a success, otherwise
+    /// the client's (1000 to 1999 from the server, from 2000 from the client itself), with the one exception under
+    /// ExecuteQuery, "Lost connection".
     unsigned long GetErrorCode() const;
 
     /// The error of the last statement or Open as a text, "1146: Table 'a.b' doesn't exist", tagged with its encoding
     /// (UTF-8 where it comes from the client). Without a recorded error it describes the handle: "Kein Fehler!" on a
-    /// connection that works, "Keine Verbindung zum Server!" on a closed one. Empty only when memory runs out.
+    /// connection that works, "Keine Verbindung zum Server!" on a closed one. A statement that succeeded only after a
+    /// lost connection records "Kein Fehler!", which stays when the connection closes. Empty only when memory runs out.
     UtCString GetErrorMessage();
 
     /// The last statement as it was sent, in the encoding of the settings; "SHOW TABLES" after an Open that connected.
     /// Valid as long as this object; its content changes with the next statement.
     const UtCString& GetLastSQLCommand() const;
 
-    /// Milliseconds from sending the last statement to having its result; 0 after a failure. For the exception after a
+    /// Milliseconds from sending the last statement to having its result; 0 when it failed. For the exception after a
     /// lost connection see ExecuteQuery. While a message box of a failed statement is open the number means nothing.
     unsigned long GetQueryTime() const;
 
-    long GetAffectedRows() const; ///< What the last statement returned; 0 after a failure.
+    long GetAffectedRows() const; ///< What the last statement returned; 0 when it failed.
 
     /// The last statement in one line: the server's own account of it, "Records: 2  Duplicates: 0  Warnings: 0", or
-    /// "Query OK. 3 Records", followed by its time, " in 0.015 Sec". Empty after a failure and on a closed connection.
+    /// "Query OK. 3 Records", followed by its time, " in 0.015 Sec". Empty when it failed and on a closed connection.
     /// The decimal separator is a point in every locale.
     UtCString GetQueryInfo();
 

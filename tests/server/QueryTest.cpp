@@ -196,6 +196,16 @@ TEST_F(Query, LeavesAProcedureThatGivesRowsUnfinished)
     EXPECT_EQ(Run("DO 1"), 0L);
 }
 
+TEST_F(Query, IsReplacedByAnOpenWhileAProcedureIsUnfinished)
+{
+    m_temporary.Sql().Run("CREATE PROCEDURE p() SELECT 1");
+    EXPECT_EQ(Run("CALL p()"), 1L);
+    const unsigned long thread = m_database.GetThreadID();
+    EXPECT_TRUE(m_database.Open(false, ""));
+    EXPECT_NE(m_database.GetThreadID(), thread);
+    EXPECT_EQ(Run("DO 1"), 0L);
+}
+
 // --- Escaping
 
 std::string AllBytes()

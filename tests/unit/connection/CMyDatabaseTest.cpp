@@ -209,6 +209,32 @@ TEST_F(CMyDatabaseTest, ClosesAndChecksThroughTheReplaceableMembers)
     EXPECT_EQ(database.calls, (std::vector<std::string>{"Open interactive ", "Close", "Check asking"}));
 }
 
+TEST_F(CMyDatabaseTest, ClosesForAnotherNameThroughTheReplaceableMember)
+{
+    Derived database(ValidServer(), "shop");
+    database.Open(false, "");
+    database.calls.clear();
+    EXPECT_TRUE(database.Open(false, "store"));
+    EXPECT_EQ(database.calls, (std::vector<std::string>{"Open silent store", "Close", "Close"}));
+}
+
+TEST_F(CMyDatabaseTest, NeitherClosesNorChecksALiveConnection)
+{
+    Derived database(ValidServer(), "shop");
+    database.Open(false, "");
+    database.calls.clear();
+    EXPECT_TRUE(database.Open(true, ""));
+    EXPECT_EQ(database.calls, std::vector<std::string>{"Open interactive "});
+}
+
+TEST_F(CMyDatabaseTest, ChecksBeforeItListsTheTables)
+{
+    Derived database(ValidServer(), "shop");
+    m_client.SetStatementObserver([&](const std::string& statement) { database.calls.push_back(statement); });
+    EXPECT_TRUE(database.Open(true, ""));
+    EXPECT_EQ(database.calls, (std::vector<std::string>{"Open interactive ", "Close", "Check asking", "SHOW TABLES"}));
+}
+
 TEST_F(CMyDatabaseTest, OpensOnDemandThroughTheReplaceableMember)
 {
     Derived database(ValidServer(), "shop");

@@ -159,6 +159,15 @@ TEST(CMyServer, IsUnequalWhenHostOrPortIs)
     EXPECT_TRUE(server != otherPort);
 }
 
+TEST(CMyServer, ComparesHostsAsTextsWhateverTheirEncoding)
+{
+    CMyServer server;
+    server.SetHost(UtCString("M\xC3\x9CLLER", UT_ENCODING_UTF8));
+    CMyServer other;
+    other.SetHost(UtCString("m\xFCller", UT_ENCODING_DEFAULT));
+    EXPECT_TRUE(server == other);
+}
+
 struct Charset
 {
     const char* name;

@@ -68,4 +68,20 @@ protected:
     CMyDatabase m_database;
 };
 
+/// A user interface of a host that fails at every message while it lives.
+class ThrowingInterface final : public MyDbUserInterface
+{
+public:
+    ThrowingInterface() : m_previous(MyDbSetUserInterface(this)) {}
+    ThrowingInterface(const ThrowingInterface&) = delete;
+    ThrowingInterface& operator=(const ThrowingInterface&) = delete;
+    ~ThrowingInterface() override { MyDbSetUserInterface(m_previous); }
+    int ShowMessage(const UtCString&, unsigned int) override { throw 1; }
+    void BeginWait() override {}
+    void EndWait() override {}
+
+private:
+    MyDbUserInterface* m_previous;
+};
+
 } // namespace connection_test

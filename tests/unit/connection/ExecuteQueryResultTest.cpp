@@ -4,6 +4,7 @@ namespace {
 
 using connection_test::Bytes;
 using connection_test::OpenConnectionFixture;
+using connection_test::ThrowingInterface;
 
 /// A pointer that no call may write.
 MYSQL_RES* const untouched = reinterpret_cast<MYSQL_RES*>(0x10);
@@ -228,26 +229,25 @@ TEST_F(ExecuteQueryResult, CutsTheStatementShownAfter32000Characters)
     EXPECT_TRUE(Bytes(m_database.GetLastSQLCommand()) == whole + "yz");
 }
 
+TEST_F(ExecuteQueryResult, ShowsTheSummaryWhereThereIsOneWithTheStartMarkAsItsTime)
+{
+    m_client.FailNext(fake::Call::Query, 0); // a failure without a number leaves the summary of a success
+    EXPECT_EQ(m_database.ExecuteQuery("DO 1", true, nullptr, false), -1L);
+    ASSERT_EQ(m_messages.Messages().size(), 1U);
+    const std::string& text = m_messages.Messages()[0].text;
+    EXPECT_TRUE(text.starts_with("Error in ExecuteQuery\n\n    Error: Kein Fehler!\n\n"
+                                 "    Info: Query OK. 0 Records in "))
+        << text;
+    EXPECT_TRUE(text.ends_with(" Sec\n    Query:\n\nDO 1\n\n")) << text;
+    EXPECT_EQ(text.find(" in 0.000 Sec"), std::string::npos) << text;
+    EXPECT_EQ(m_database.GetQueryTime(), 0UL);
+}
+
 TEST_F(ExecuteQueryResult, ShowsNothingForASuccess)
 {
     EXPECT_EQ(m_database.ExecuteQuery("DO 1", true, nullptr, false), 0L);
     EXPECT_TRUE(m_messages.Messages().empty());
 }
-
-class ThrowingInterface final : public MyDbUserInterface
-{
-public:
-    ThrowingInterface() : m_previous(MyDbSetUserInterface(this)) {}
-    ThrowingInterface(const ThrowingInterface&) = delete;
-    ThrowingInterface& operator=(const ThrowingInterface&) = delete;
-    ~ThrowingInterface() override { MyDbSetUserInterface(m_previous); }
-    int ShowMessage(const UtCString&, unsigned int) override { throw 1; }
-    void BeginWait() override {}
-    void EndWait() override {}
-
-private:
-    MyDbUserInterface* m_previous;
-};
 
 TEST_F(ExecuteQueryResult, LetsNoExceptionOfTheHostsInterfaceOut)
 {

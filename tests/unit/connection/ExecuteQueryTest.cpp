@@ -57,6 +57,31 @@ TEST_F(ExecuteQueryOnDemand, ClearsTheLastStatementWhenTheOpenFails)
     EXPECT_EQ(Bytes(database.GetLastSQLCommand()), "");
 }
 
+TEST_F(ExecuteQueryOnDemand, LeavesTimeAndRowsOfTheLastStatementWhenTheOpenFails)
+{
+    m_client.On("DELETE FROM t", fake::Reply::Ok(3));
+    m_client.SetStatementObserver(
+        [](const std::string&) { std::this_thread::sleep_for(std::chrono::milliseconds(5)); });
+    CMyDatabase database(ValidServer(), "shop");
+    database.ExecuteQuery("DELETE FROM t", false, nullptr, false);
+    const unsigned long time = database.GetQueryTime();
+    EXPECT_NE(time, 0UL);
+    database.Close();
+    m_client.FailAlways(fake::Call::Connect, 2002);
+    EXPECT_EQ(database.ExecuteQuery("DO 1", false, nullptr, false), -1L);
+    EXPECT_EQ(database.GetAffectedRows(), 3L);
+    EXPECT_EQ(database.GetQueryTime(), time);
+}
+
+TEST_F(ExecuteQueryOnDemand, OpensAlsoForAnEmptyStatement)
+{
+    CMyDatabase database(ValidServer(), "shop");
+    EXPECT_EQ(database.ExecuteQuery(" ", false, nullptr, false), -1L);
+    EXPECT_TRUE(database.IsOpen());
+    EXPECT_EQ(m_client.Statements(), Texts{"SHOW TABLES"});
+    EXPECT_EQ(Bytes(database.GetLastSQLCommand()), "");
+}
+
 TEST_F(ExecuteQueryOnDemand, FailsWithoutARecordWithInvalidSettings)
 {
     CMyDatabase database(CMyServer(), "shop");

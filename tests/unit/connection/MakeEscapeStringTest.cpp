@@ -114,6 +114,13 @@ TEST_F(MakeEscapeString, EscapesRawBytes)
     EXPECT_EQ(out.GetEncodingType(), UT_ENCODING_UTF8);
 }
 
+TEST_F(MakeEscapeString, EscapesRawBytesInPlace)
+{
+    UtCString text("O'Neil", UT_ENCODING_UTF8);
+    m_database.MakeEscapeString(text.string(), 6, text);
+    EXPECT_EQ(Bytes(text), "O\\'Neil");
+}
+
 TEST_F(MakeEscapeString, Kept_K12_LeavesTheOutputAloneForNoBytes)
 {
     EXPECT_EQ(Bytes(EscapedBytes("")), "old");

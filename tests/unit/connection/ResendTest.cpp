@@ -50,6 +50,22 @@ TEST_P(Resend, LeavesTheOutcomeOfTheStatementAndNotOfTheReopening)
     EXPECT_NE(m_database.GetThreadID(), 0UL);
 }
 
+TEST_P(Resend, RecordsThatThereIsNoErrorAsItsMessage)
+{
+    Run();
+    m_database.Close();
+    EXPECT_EQ(Bytes(m_database.GetErrorMessage()), "Kein Fehler!"); // and not that the connection is closed
+}
+
+TEST_P(Resend, WritesTheLongTimeOfTheSummaryInSeconds)
+{
+    Run();
+    std::string seconds = std::to_string(m_database.GetQueryTime());
+    ASSERT_GT(seconds.size(), 3U);
+    seconds.insert(seconds.size() - 3, ".");
+    EXPECT_EQ(Bytes(m_database.GetQueryInfo()), "Query OK. 2 Records in " + seconds + " Sec");
+}
+
 TEST_P(Resend, Kept_K09_ReportsTheTickCountAsTheTime)
 {
     uint32_t atTheResend = 0;
