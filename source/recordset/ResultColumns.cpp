@@ -18,8 +18,9 @@ void ResultColumns::Assign(const MYSQL_FIELD* fields, unsigned long count)
 
 unsigned long ResultColumns::Find(const UtCString& name) const noexcept
 {
+    const bool isPlain = name.GetEncodingType() == UT_ENCODING_DEFAULT; // then no text is needed to compare with
     unsigned long no = 0;
-    while (no < Count() && !(name == UtCString(Name(no), UT_ENCODING_DEFAULT)))
+    while (no < Count() && !(isPlain ? name.View() == Name(no) : name == UtCString(Name(no), UT_ENCODING_DEFAULT)))
         ++no;
     return no;
 }

@@ -132,18 +132,46 @@ TEST_P(RecordSetMemory, AMoveReachesItsRowOrTheEnd)
 
 TEST_P(RecordSetMemory, AColumnIsFoundOrNotAndFoundLater)
 {
+    const UtCString inUtf8(m_column, UT_ENCODING_UTF8);
     for (const char* limit : {" LIMIT 3", " LIMIT 12"}) {
         bool isConsistent = true;
         const long failures = ForEachAllocation(
             [&](OpenRecordSet& records) { records.Select((AllRows() + limit).c_str()); },
             [&](OpenRecordSet& records) {
                 unsigned long no = 99;
-                const bool isFound = records.GetFieldNo(m_column, no);
+                const bool isFound = records.GetFieldNo(inUtf8, no);
                 const WithMemory memory;
-                isConsistent = isConsistent && no == (isFound ? 3U : 0U) && records.GetFieldNo(m_column, no) && no == 3;
+                isConsistent = isConsistent && no == (isFound ? 3U : 0U) && records.GetFieldNo(inUtf8, no) && no == 3;
             });
         EXPECT_GT(failures, 0) << limit;
         EXPECT_TRUE(isConsistent) << limit;
+    }
+}
+
+TEST_P(RecordSetMemory, ReadingTheValuesOfARowNeedsNone)
+{
+    for (const char* limit : {" LIMIT 3", " LIMIT 12"}) {
+        UtCString text(UT_ENCODING_UTF8);
+        long sum = 0;
+        const auto read = [&](OpenRecordSet& records) {
+            sum += records.GetFieldText(m_column, text) && records.GetFieldText(3UL, text);
+            sum += records.GetFieldLong("ID") + records.GetFieldLong(0UL) + (records.GetFieldInt64("B") == 2);
+            sum += records.GetFieldDouble(m_column) == 0.0 && records.GetFieldDate(m_column).IsNull();
+            sum += records.GetFieldValue(m_column) != nullptr && !records.IsFieldEmpty(m_column);
+            sum += static_cast<long>(records.GetFieldDataLen(m_column));
+        };
+        const long failures = ForEachAllocation(
+            [&](OpenRecordSet& records) {
+                records.Select((AllRows() + limit).c_str());
+                read(records); // learns names and encodings
+                sum = 0;
+            },
+            [&](OpenRecordSet& records) {
+                records.MoveNext();
+                read(records);
+            });
+        EXPECT_EQ(failures, 0) << limit;
+        EXPECT_EQ(sum, 1 + 2 + 2 + 1 + 1 + 1 + 45) << limit;
     }
 }
 
