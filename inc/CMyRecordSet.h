@@ -87,17 +87,17 @@ public:
     /// Runs a statement, keeps its rows in memory and moves to the first one. `sql` is one of
     /// - "" (or blanks): SELECT * FROM the table;
     /// - a statement that delivers rows (CMyDatabase::IsSelectQuery), or anything when `asIs` is set: sent as it is;
-    /// - any other text, which is a clause: SELECT table.* FROM table, then the text. "WHERE " is put in front unless
-    /// it
-    ///   begins with WHERE, ORDER BY, GROUP BY, HAVING or LIMIT, in any letter case and whatever follows the word.
+    /// - any other text, which is a clause: SELECT table.* FROM table, then the text. "WHERE " is put in front of one
+    ///   that does not begin with WHERE, ORDER BY, GROUP BY, HAVING or LIMIT, in any letter case and whatever follows.
     ///
     /// Names and values in `sql` are sent as they are, and so is the table name, without backticks.
     /// `showError`: a failed statement is also shown in a message box.
     ///
     /// Returns the number of rows; 0 for an empty result (the record set is open, at end of file) and when the first
     /// row cannot be fetched; -1 when the record set is unbound, the connection cannot be opened, the statement fails
-    /// (see GetErrorMessage) or delivers no result set, as an UPDATE, which has run all the same. The result before
-    /// is freed as soon as there is a connection. Round trips: a ping and the statement.
+    /// (see GetErrorMessage) or delivers no result set, as an UPDATE, which has run all the same; also when there is no
+    /// memory for the statement, which is then not sent. The result before is freed as soon as there is a connection.
+    /// Round trips: a ping and the statement.
     long Select(const UtCString& sql, bool showError = false, bool asIs = false);
     template <class T>
     requires std::is_pointer_v<T>

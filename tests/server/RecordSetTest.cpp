@@ -1,5 +1,7 @@
 #include "RecordSetFixture.h"
 
+#include <chrono>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -134,8 +136,8 @@ TEST_F(RecordSet, StreamsAJoinOverASecondConnection)
         EXPECT_EQ(count, 1000);
         EXPECT_EQ(records.GetErrorMessage(), "Kein Fehler!");
     }
-    for (int i = 0; i < 100 && Connections() != before; ++i)
-        continue; // the server needs a moment to notice
+    for (int i = 0; i < 500 && Connections() != before; ++i) // the server needs a moment to notice
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_EQ(Connections(), before);
 }
 
