@@ -140,7 +140,7 @@ size_t TrailingBegin(Tagged text, Tagged set) noexcept
         begin = FirstWhere(text, at, set, true);
         at = FirstWhere(text, begin, set, false);
     }
-    return FirstWhere(text, begin, set, false) == text.bytes.size() ? begin : text.bytes.size();
+    return begin;
 }
 
 } // namespace text

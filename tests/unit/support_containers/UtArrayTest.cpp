@@ -166,6 +166,20 @@ TEST_F(UtArrayWarning, Kept_K62_ReportsABadRemovalUnderTheKeyOfTheAccess)
     EXPECT_EQ(array.GetCount(), 1U);
 }
 
+TEST_F(UtArrayWarning, TellsTheLineOfTheMember)
+{
+    UtArray<unsigned int> array;
+    array[0];
+    std::as_const(array)[0];
+    array.RemoveAt(0);
+    array[0];
+    ASSERT_EQ(m_log.Entries().size(), 4U);
+    EXPECT_GT(m_log.Entries()[0].line, 1);
+    EXPECT_LT(m_log.Entries()[0].line, m_log.Entries()[1].line);
+    EXPECT_LT(m_log.Entries()[1].line, m_log.Entries()[2].line);
+    EXPECT_EQ(m_log.Entries()[0].line, m_log.Entries()[3].line);
+}
+
 TEST_F(UtArrayWarning, LeavesAHarmlessValue)
 {
     UtArray<CTableCache*> array;

@@ -139,6 +139,8 @@ constexpr Cases cases[] = {
     {"Ligature", utf8, "\xEF\xAC\x81"sv, "\xEF\xAC\x81"sv, "\xEF\xAC\x81"sv},
     {"Deseret", utf8, "\xF0\x90\x90\xA8"sv, "\xF0\x90\x90\x80"sv, "\xF0\x90\x90\xA8"sv},
     {"DeseretInUtf16", utf16be, "\xD8\x01\xDC\x28"sv, "\xD8\x01\xDC\x00"sv, "\xD8\x01\xDC\x28"sv},
+    {"UnitsOfTwoAsciiBytes", utf16le, "aaaa\x61\x01Z\0"sv, "aaaa\x60\x01Z\0"sv, "aaaa\x61\x01z\0"sv},
+    {"UnitsOfTwoAsciiBytesBigEndian", utf16be, "AAaa\0z"sv, "AAaa\0Z"sv, "AAaa\0z"sv},
     {"MalformedStays", utf8, "a\xFC\xE2\x82Z"sv, "A\xFC\xE2\x82Z"sv, "a\xFC\xE2\x82z"sv},
     {"SurrogateStays", utf16le, "a\0\x3D\xD8Z"sv, "A\0\x3D\xD8Z"sv, "a\0\x3D\xD8Z"sv},
     {"OpaqueAsciiOnly", opaque, "a\xFCZ"sv, "A\xFCZ"sv, "a\xFCz"sv},
@@ -333,6 +335,18 @@ TEST(Append, GrowsToAnyLength)
         expected += static_cast<char>('a' + index % 26);
     }
     ExpectText(text, expected, ansi);
+}
+
+TEST(Append, TakesNewMemorySeldomForManySmallPieces)
+{
+    UtCString text;
+    int moves = 0;
+    for (int index = 0; index < 100000; ++index) {
+        const char* const before = text.string();
+        text += 'x';
+        moves += text.string() != before ? 1 : 0;
+    }
+    EXPECT_LE(moves, 20);
 }
 
 TEST(AppendBytes, TakesBytesAsTheyAre)

@@ -34,6 +34,11 @@ TEST(Format, WritesIntegers)
     EXPECT_EQ(Formatted("%zu %zd", sizeof(int), static_cast<ptrdiff_t>(-1)), "4 -1");
     EXPECT_EQ(Formatted("%jd %ju", static_cast<intmax_t>(-1), static_cast<uintmax_t>(1)), "-1 1");
     EXPECT_EQ(Formatted("%td", static_cast<ptrdiff_t>(-7)), "-7");
+    EXPECT_EQ(Formatted("%jd %ju", INTMAX_MIN, UINTMAX_MAX), "-9223372036854775808 18446744073709551615");
+    EXPECT_EQ(Formatted("%zu", SIZE_MAX), std::to_string(SIZE_MAX));
+    EXPECT_EQ(Formatted("%zd %td", PTRDIFF_MIN, PTRDIFF_MAX),
+              std::to_string(PTRDIFF_MIN) + ' ' + std::to_string(PTRDIFF_MAX));
+    EXPECT_EQ(Formatted("%ld %lu", LONG_MIN, ULONG_MAX), std::to_string(LONG_MIN) + ' ' + std::to_string(ULONG_MAX));
 }
 
 TEST(Format, AppliesFlagsWidthAndPrecisionToIntegers)
