@@ -85,15 +85,14 @@ template <typename T> bool ParsePlain(const char* begin, const char* end, T& val
     const bool hasPoint = point != end;
     if (end - begin == hasPoint || digits > Exact<T>::largest)
         return false;
+    static_assert(Exact<T>::longest <= std::ssize(Exact<T>::powers));
     const auto decimals = static_cast<size_t>(end - point) - hasPoint;
-    if (decimals >= std::size(Exact<T>::powers))
-        return false;
     value = static_cast<T>(digits) / Exact<T>::powers[decimals];
     return true;
 }
 
-/// Whether the magnitude of a well-formed decimal text is 1 or more. The exponent saturates: a text as long as it would
-/// take to outweigh that does not fit into memory.
+/// Whether a well-formed decimal text that is out of range is so because it is large, not because it is small. The
+/// exponent saturates: a text as long as it would take to outweigh that does not fit into memory.
 bool IsLarge(std::string_view text) noexcept
 {
     const size_t exponentAt = std::min(text.find_first_of("eE"), text.size());
@@ -102,8 +101,7 @@ bool IsLarge(std::string_view text) noexcept
     if (first == std::string_view::npos)
         return false;
     const auto point = static_cast<int64_t>(std::min(digits.find('.'), digits.size()));
-    const bool isBehindPoint = static_cast<int64_t>(first) > point;
-    const int64_t place = point - static_cast<int64_t>(first) - (isBehindPoint ? 0 : 1);
+    const int64_t place = point - static_cast<int64_t>(first);
     const bool isNegative = text.substr(exponentAt).find('-') != std::string_view::npos;
     int64_t exponent = 0;
     for (char c : text.substr(exponentAt))

@@ -327,9 +327,7 @@ void AppendReal(TextBuilder& out, const Spec& spec, double value) noexcept
 {
     const char lower = static_cast<char>(spec.conversion | 0x20);
     const bool isUpper = spec.conversion != lower;
-    int precision = spec.precision < 0 && lower != 'a' ? 6 : spec.precision;
-    if (lower == 'g' && precision == 0)
-        precision = 1;
+    const int precision = spec.precision < 0 && lower != 'a' ? 6 : spec.precision;
     Number number;
     AddSign(number, std::signbit(value), spec.plus);
     char digits[mostDigits + 330];

@@ -130,10 +130,8 @@ public:
     /// The bytes, followed by a terminating zero (eight zero bytes, which end a UTF-16 text too). Valid until the next
     /// change.
     const char* string() const noexcept { return m_data; }
-    std::string_view View() const noexcept
-    {
-        return {m_data, m_size};
-    } ///< without the zeros, valid until the next change
+    /// The bytes without the zeros, valid until the next change.
+    std::string_view View() const noexcept { return {m_data, m_size}; }
     eUtEncodingType GetEncodingType() const noexcept { return m_encoding; }
     bool IsEmpty() const noexcept { return m_size == 0; }
     int GetLength() const noexcept; ///< in characters; at most 2147483647
@@ -247,8 +245,9 @@ public:
     /// C's printf conventions with "." as the decimal point; "%n" writes nothing, "%s" with null writes "(null)",
     /// fields and numbers end at 100000 characters. The result is taken as a text in this text's encoding (1200, 1201:
     /// converted from Windows-1252). Arguments may point into this text. Null as format is empty.
-    void Format(const char* format, ...) noexcept;
-    void AppendFormat(const char* format, ...) noexcept; ///< appends what Format would give
+    [[gnu::format(printf, 2, 3)]] void Format(const char* format, ...) noexcept;
+    /// Appends what Format would give.
+    [[gnu::format(printf, 2, 3)]] void AppendFormat(const char* format, ...) noexcept;
     /// Becomes `format` with each "%s", in order, filled with the next item of the list, in `encoding`. Items are
     /// converted to it and taken as they are: a "%s" inside an item stays. "%%" gives "%"; any other "%" stays as it is
     /// ("%lu"). A missing item gives nothing, surplus items are ignored. `format` is a zero-terminated text in

@@ -50,7 +50,7 @@ bool Fill(UtCString& out, std::string_view format, const UtCStringList& list, eU
         builder.Append(format.substr(copied, at - 1 - copied), formatEncoding);
         if (kind == '%')
             builder.Append("%", formatEncoding);
-        else if (next < list.GetCount())
+        else
             builder.AppendText(list.item(next++));
         copied = ++at;
     }

@@ -186,9 +186,3 @@ TEST(UtMemory, GivesBlocksThatCanBeWritten)
     UtFreeMemory(none);
     UtFreeMemory(nullptr);
 }
-
-TEST(UtMemory, GivesNullForMoreThanThereIs)
-{
-    volatile size_t huge = SIZE_MAX - 64;
-    EXPECT_EQ(UtAllocMemoryBlock(huge), nullptr);
-}

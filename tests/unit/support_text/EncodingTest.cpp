@@ -1,5 +1,7 @@
 #include "TextSupport.h"
 
+#include "text/CodePoints.h"
+
 #include <cstdint>
 
 namespace {
@@ -192,6 +194,7 @@ constexpr Conversion conversions[] = {
     {"SmallestOfFour", "\xF0\x90\x80\x80"sv, utf8, utf16be, "\xD8\x00\xDC\x00"sv},
     {"BeyondUnicode", "\xF4\x90\x80\x80"sv, utf8, ansi, "????"sv},
     {"LargestCodePoint", "\xF4\x8F\xBF\xBF"sv, utf8, utf16be, "\xDB\xFF\xDF\xFF"sv},
+    {"LeadBeyondUnicode", "\xF5\x80\x80\x80"sv, utf8, ansi, "????"sv},
     {"FiveByteForm", "\xF8\x88\x80\x80\x80"sv, utf8, ansi, "?????"sv},
     {"SurrogateInUtf8", "\xED\xA0\x80"sv, utf8, ansi, "???"sv},
     {"SurrogatePairInUtf8", "\xED\xA0\xBD\xED\xB8\x80"sv, utf8, ansi, "??????"sv},
@@ -259,6 +262,15 @@ TEST(Encoding, CountsAMalformedByteAsOneCharacter)
     EXPECT_EQ(Text("\x3D\xD8\x00\xDE\x00"sv, utf16le).GetLength(), 2);
     EXPECT_EQ(Text("\x00\xDE\x00"sv, utf16le).GetLength(), 2);
     EXPECT_EQ(Text("a\xFC\0\xFF"sv, opaque).GetLength(), 4);
+}
+
+TEST(Encoding, ReadsNothingBehindTheEnd)
+{
+    EXPECT_EQ(text::CountCharacters("\xE2\x82\xAC"sv.substr(0, 2), utf8), 2U);
+    EXPECT_EQ(text::CountCharacters("\xF0\x9F\x98\x80"sv.substr(0, 3), utf8), 3U);
+    EXPECT_EQ(text::CountCharacters("\xC3\xBC"sv.substr(0, 1), utf8), 1U);
+    EXPECT_EQ(text::CountCharacters("\x3D\xD8\x00\xDE"sv.substr(0, 3), utf16le), 2U);
+    EXPECT_TRUE(text::IsAscii("12345678\xFC"sv.substr(0, 8)));
 }
 
 TEST(Encoding, TreatsAnUnknownNumberAsOpaque)

@@ -156,6 +156,15 @@ void ExpectEachFailure(const std::function<bool(bool& isConsistent)>& work)
 
 } // namespace
 
+TEST(OutOfMemory, MakesUtAllocMemoryBlockGiveNull)
+{
+    ExpectEachFailure([](bool&) {
+        void* const block = UtAllocMemoryBlock(100);
+        UtFreeMemory(block);
+        return block != nullptr;
+    });
+}
+
 TEST(OutOfMemory, MakesGetAnsiStringFail)
 {
     const UtCString text = Long();
