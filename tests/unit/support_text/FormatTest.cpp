@@ -11,8 +11,9 @@ namespace {
 
 template <typename... T> std::string Formatted(const char* format, T... arguments)
 {
+    const char* const volatile unseen = format; // some formats are wrong on purpose; the compiler shall not judge them
     UtCString text;
-    text.Format(format, arguments...);
+    text.Format(unseen, arguments..., 0); // one to spare, as a format without arguments draws a warning
     return Bytes(text);
 }
 
