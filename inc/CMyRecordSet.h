@@ -215,8 +215,8 @@ public:
     /// cache: with a table bound, texts of a stream are not converted unless the host asks for the table over another
     /// connection (CMyTable) after the stream has started.
     ///
-    /// By position always true, with an empty text for NULL, no row, no such column. By name false for an unknown
-    /// name only, `text` is then untouched.
+    /// By position always true, with an empty text for NULL, no row, no such column, and no memory. By name false for
+    /// an unknown name only, `text` is then untouched.
     bool GetFieldText(unsigned long no, UtCString& text) const;
     bool GetFieldText(const UtCString& name, UtCString& text) const;
 
@@ -296,7 +296,8 @@ protected:
     void ClearFieldCache() noexcept; ///< discards the pending changes
 
     /// The declared column of the bound table, from the table cache, by name in any letter case or by its zero-based
-    /// position in the table. Null when the table or the column is unknown. Valid until the next call of either.
+    /// position in the table. Null when the table or the column is unknown. Valid until the next call of
+    /// either, a text read or another table name.
     const CMyField* GetTableFieldPtr(const UtCString& name) const;
     const CMyField* GetTableFieldPtr(long no) const;
     MYTYPES GetTableFieldType(const UtCString& name) const; ///< MYTYPE_UNKNOWN when the column is unknown
@@ -337,7 +338,8 @@ private:
     template <class Number> Number ReadNumber(unsigned long no) const;
     eUtEncodingType SourceEncoding(unsigned long no) const;
     void LearnEncodings() const;
-    std::shared_ptr<CTableCache> EntryForTexts() const;
+    eUtEncodingType EncodingFor(unsigned long no, const CTableCache* entry) const;
+    const CTableCache* EntryForTexts() const;
     bool IsSearchedPlainly() const noexcept;
     const MYSQL_FIELD* ResultField(unsigned long no) const noexcept;
     const MYSQL_FIELD* ResultField(const UtCString& name) const;
@@ -366,7 +368,8 @@ private:
     mutable std::unique_ptr<recordset::ResultColumns> m_columns;
     const unsigned long* m_lengths = nullptr;          ///< of the current row's values; borrowed
     std::unique_ptr<unsigned long[]> m_rowLengths;     ///< of all rows of the row index
-    mutable std::shared_ptr<CTableCache> m_tableEntry; ///< keeps what GetTableFieldPtr returned
+    mutable std::shared_ptr<CTableCache> m_tableEntry; ///< of the table; keeps what GetTableFieldPtr returned
+    mutable uint64_t m_tableEntryGeneration = 0;       ///< the state of the table cache that it was taken from
 
     static constexpr uint32_t unknownRow = UINT32_MAX;
 };

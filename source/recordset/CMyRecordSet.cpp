@@ -65,6 +65,7 @@ bool CMyRecordSet::SetDatabase(CMyDatabase* database, const UtCString& tableName
 void CMyRecordSet::SetTableName(const UtCString& tableName)
 {
     m_tableName = tableName.trim("`");
+    m_tableEntry.reset();
     if (m_columns)
         m_columns->ForgetEncodings();
 }

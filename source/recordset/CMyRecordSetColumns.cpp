@@ -149,13 +149,14 @@ const CMyField* CMyRecordSet::GetTableFieldPtr(const UtCString& name) const
 
 const CMyField* CMyRecordSet::GetTableFieldPtr(long no) const
 {
-    return no >= 0 && LoadTableEntry() ? m_tableEntry->GetField(static_cast<unsigned long>(no)) : nullptr;
+    return LoadTableEntry() ? m_tableEntry->GetField(static_cast<unsigned long>(no)) : nullptr;
 }
 
 bool CMyRecordSet::LoadTableEntry() const
 {
     m_tableEntry = connection::Guarded(std::shared_ptr<CTableCache>(),
                                        [&] { return CFieldCache::Instance().GetOrLoad(GetDB(), m_tableName); });
+    m_tableEntryGeneration = CFieldCache::Instance().GetGeneration();
     return m_tableEntry != nullptr;
 }
 

@@ -70,9 +70,9 @@ bool CMyRecordSet::MoveTo(long row)
         return false;
     if (!m_rowIndex)
         connection::Guarded(false, [&] { return BuildRowIndex(), true; });
-    if (!m_rowIndex || row < 0 || static_cast<unsigned long>(row) >= m_rowIndex->GetCount())
+    const auto position = static_cast<size_t>(row); // a negative row is far beyond the last
+    if (!m_rowIndex || position >= m_rowIndex->GetCount())
         return false;
-    const auto position = static_cast<size_t>(row);
     m_currentRow = (*m_rowIndex)[position];
     m_lengths = m_rowLengths.get() + position * m_fieldCount;
     m_currentRowNumber = static_cast<uint32_t>(row);

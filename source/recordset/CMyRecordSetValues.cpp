@@ -88,28 +88,33 @@ eUtEncodingType CMyRecordSet::SourceEncoding(unsigned long no) const
 /// Asks once for all columns: each loading of a table may change the cache again.
 void CMyRecordSet::LearnEncodings() const
 {
-    const std::shared_ptr<CTableCache> entry = m_tableName.IsEmpty() ? nullptr : EntryForTexts();
+    const CTableCache* entry = m_tableName.IsEmpty() ? nullptr : EntryForTexts();
     for (unsigned long no = 0; no < m_columns->Count(); ++no) {
-        const CMyField* declared = entry ? entry->GetField(GetFieldName(no)) : nullptr;
-        eUtEncodingType encoding = ResultColumns::unconverted;
-        if (declared)
-            encoding = metadata::EncodingOfCharset(declared->GetCharsetNr());
-        else if (m_tableName.IsEmpty())
-            encoding = metadata::EncodingOfCharset(m_columns->Field(no)->charsetnr);
-        m_columns->SetEncoding(no, encoding);
+        if (m_columns->IsText(no))
+            m_columns->SetEncoding(no, EncodingFor(no, entry));
     }
     m_columns->SetEncodingsKnown(CFieldCache::Instance().GetGeneration());
 }
 
+eUtEncodingType CMyRecordSet::EncodingFor(unsigned long no, const CTableCache* entry) const
+{
+    if (m_tableName.IsEmpty())
+        return metadata::EncodingOfCharset(m_columns->Field(no)->charsetnr);
+    const CMyField* declared = entry ? entry->GetField(GetFieldName(no)) : nullptr;
+    return declared ? metadata::EncodingOfCharset(declared->GetCharsetNr()) : ResultColumns::unconverted;
+}
+
 /// While a stream is being read, its connection cannot load a table: the attempt would only leave an error (2014) that
 /// hides the one of a broken stream. KEPT K-43: its texts stay unconverted then.
-std::shared_ptr<CTableCache> CMyRecordSet::EntryForTexts() const
+const CTableCache* CMyRecordSet::EntryForTexts() const
 {
-    CFieldCache& cache = CFieldCache::Instance();
+    const CFieldCache& cache = CFieldCache::Instance();
+    if (m_tableEntry && m_tableEntryGeneration == cache.GetGeneration())
+        return m_tableEntry.get();
     unsigned long position = 0;
-    if (IsStreamed())
-        return cache.Find(m_tableName, position) ? cache.GetEntry(position) : nullptr;
-    return connection::Guarded(std::shared_ptr<CTableCache>(), [&] { return cache.GetOrLoad(GetDB(), m_tableName); });
+    if (IsStreamed() && !cache.Find(m_tableName, position))
+        return nullptr;
+    return LoadTableEntry() ? m_tableEntry.get() : nullptr;
 }
 
 bool CMyRecordSet::GetFieldText(unsigned long no, UtCString& text) const
@@ -220,8 +225,7 @@ bool CMyRecordSet::GetFieldBlob(unsigned long no, CByteArray& bytes) const
         return false;
     return connection::Guarded(false, [&] {
         bytes.SetSize(static_cast<intptr_t>(m_lengths[no]));
-        if (m_currentRow[no])
-            std::copy_n(m_currentRow[no], m_lengths[no], bytes.GetData());
+        std::copy_n(m_currentRow[no], m_lengths[no], bytes.GetData());
         return true;
     });
 }

@@ -1,6 +1,7 @@
 #include "recordset/PendingChanges.h"
 
 #include <algorithm>
+#include <new>
 
 namespace recordset {
 namespace {
@@ -13,17 +14,27 @@ std::vector<char> TerminatedCopy(const void* data, size_t size)
     return bytes;
 }
 
+/// A text that finds no memory is empty; here it throws.
+UtCString WholeCopy(const UtCString& text)
+{
+    UtCString copy(text);
+    if (copy.IsEmpty() != text.IsEmpty())
+        throw std::bad_alloc();
+    return copy;
+}
+
 } // namespace
 
 PendingChange::PendingChange(const UtCString& column, const UtCString& sqlValue, const void* data, size_t size)
-    : m_column(column), m_sqlValue(sqlValue), m_bytes(TerminatedCopy(data, size)), m_isNull(data == nullptr)
+    : m_column(WholeCopy(column)), m_sqlValue(WholeCopy(sqlValue)), m_bytes(TerminatedCopy(data, size)),
+      m_isNull(data == nullptr)
 {
 }
 
 void PendingChange::Replace(const UtCString& sqlValue, const void* data, size_t size)
 {
     std::vector<char> bytes = TerminatedCopy(data, size);
-    m_sqlValue = sqlValue;
+    m_sqlValue = WholeCopy(sqlValue);
     m_bytes.swap(bytes);
     m_isNull = data == nullptr;
 }

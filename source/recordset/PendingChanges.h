@@ -8,7 +8,8 @@
 
 namespace recordset {
 
-/// One column that has been set and not yet written.
+/// One column that has been set and not yet written. When memory runs out std::bad_alloc is thrown and nothing has
+/// changed; so it is with the list below.
 class PendingChange
 {
 public:
@@ -20,7 +21,6 @@ public:
     char* Data() noexcept { return m_isNull ? nullptr : m_bytes.data(); }
     size_t Size() const noexcept { return m_bytes.size() - 1; }
 
-    /// Strong guarantee: when memory runs out nothing has changed.
     void Replace(const UtCString& sqlValue, const void* data, size_t size);
 
 private:

@@ -4,6 +4,8 @@
 #include <thread>
 #include <vector>
 
+#include <malloc.h>
+
 namespace {
 
 using server_test::OpenRecordSet;
@@ -139,6 +141,19 @@ TEST_F(RecordSet, StreamsAJoinOverASecondConnection)
     for (int i = 0; i < 500 && Connections() != before; ++i) // the server needs a moment to notice
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_EQ(Connections(), before);
+}
+
+TEST_F(RecordSet, AStreamNeedsTheMemoryOfOneRowHoweverManyThereAre)
+{
+    MakeOrders(1000);
+    CMyRecordSet records(m_database, "orders");
+    ASSERT_TRUE(records.SelectLargeResult("SELECT a.ID, a.NAME FROM orders a JOIN orders b ON b.ID <= 300"));
+    const size_t atFirst = mallinfo2().uordblks;
+    long count = 1;
+    while (records.MoveNext())
+        ++count;
+    EXPECT_EQ(count, 300000);
+    EXPECT_LT(mallinfo2().uordblks, atFirst + 100000);
 }
 
 TEST_F(RecordSet, AStreamThatIsClosedEarlyLeavesEverythingUsable)

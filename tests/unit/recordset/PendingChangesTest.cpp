@@ -222,6 +222,14 @@ TEST_F(RecordSetChanges, ConvertAStatementTextThatReplacesAnotherToTheEncodingOf
     }
 }
 
+TEST_F(RecordSetChanges, GoWhenTheRecordSetIsClosed)
+{
+    records.Set("A", "1");
+    ASSERT_NE(ChangesOf(records), nullptr);
+    records.Close();
+    EXPECT_EQ(ChangesOf(records), nullptr);
+}
+
 TEST_F(RecordSetChanges, CanBeSetWithoutAResultOrAConnection)
 {
     OpenRecordSet unbound;
@@ -236,6 +244,7 @@ TEST_F(RecordSetChanges, EndingABracketThatIsNotOpenIsFalse)
 {
     CMyRecordSet unbound;
     EXPECT_FALSE(unbound.ModifyEnd());
+    EXPECT_EQ(unbound.GetModifyState(), MODIFY_NONE);
     EXPECT_FALSE(unbound.AppendEnd());
     EXPECT_EQ(unbound.GetModifyState(), MODIFY_NONE);
     Store({TextField("A")}, {"1"});

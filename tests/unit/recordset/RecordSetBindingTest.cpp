@@ -1,5 +1,7 @@
 #include "RecordSetFixture.h"
 
+#include "MyDbFunctions.h"
+
 namespace {
 
 using fake::Reply;
@@ -25,13 +27,13 @@ public:
         ++opens;
         lastInteractive = interactive;
         lastName = databaseName;
-        return failOpen ? false : CMyDatabase::Open(interactive, databaseName);
+        return pretendOpen || CMyDatabase::Open(interactive, databaseName);
     }
 
     int closes = 0;
     int opens = 0;
     bool lastInteractive = true;
-    bool failOpen = false;
+    bool pretendOpen = false;
     UtCString lastName{"?"};
 };
 
@@ -133,6 +135,16 @@ TEST_F(RecordSetBinding, SetDatabaseIsFalseWhenTheConnectionCannotBeOpened)
     EXPECT_FALSE(records.SetDatabase(&database, "orders"));
     EXPECT_EQ(records.GetDatabase(), &database);
     EXPECT_EQ(records.GetTableName(), "before");
+}
+
+TEST_F(RecordSetBinding, SetDatabaseBelievesADerivedConnectionThatSaysItIsOpen)
+{
+    CountingDatabase database(Server(), "shop");
+    database.pretendOpen = true;
+    CMyRecordSet records;
+    EXPECT_TRUE(records.SetDatabase(&database, "orders"));
+    EXPECT_EQ(records.GetTableName(), "orders");
+    EXPECT_EQ(records.Select(""), -1);
 }
 
 TEST_F(RecordSetBinding, SetDatabaseWithNullUnbindsAndKeepsTheTable)
@@ -313,6 +325,18 @@ TEST_F(RecordSetBinding, TheErrorMessageIsTheOneThatTheConnectionKeeps)
 TEST_F(RecordSetBinding, TheErrorMessageOfAConnectionWithoutErrorIsKeinFehler)
 {
     EXPECT_EQ(CMyRecordSet(m_database, "orders").GetErrorMessage(), "Kein Fehler!");
+}
+
+TEST_F(RecordSetBinding, TheErrorMessageDescribesTheHandleWhereTheConnectionRecordedNoNumber)
+{
+    CMyDatabase database(Server(), "shop");
+    CMyRecordSet records(database, "orders");
+    database.Close();
+    MyDbSetMaxTryConnect(0);
+    EXPECT_EQ(records.Select(""), -1);
+    MyDbSetMaxTryConnect(4294967295U);
+    EXPECT_EQ(database.GetErrorMessage(), "Kein Fehler!"); // no connect was tried
+    EXPECT_EQ(records.GetErrorMessage(), "Keine Verbindung zum Server!");
 }
 
 TEST_F(RecordSetBinding, TheErrorMessageOfAClosedConnectionSaysSo)

@@ -47,6 +47,16 @@ TEST_F(RecordSetColumns, AnEmptyNameIsFalseAndGivesZero)
     EXPECT_EQ(no, 0U);
 }
 
+TEST_F(RecordSetColumns, AColumnWithoutANameIsNotFoundByTheEmptyName)
+{
+    for (size_t rows : {1U, 20U}) {
+        Store({"A", "", "C", "D"}, rows);
+        EXPECT_FALSE(records.GetFieldNo("", no));
+        EXPECT_TRUE(records.GetFieldNo("C", no));
+        EXPECT_EQ(no, 2U);
+    }
+}
+
 TEST_F(RecordSetColumns, WithoutAResultEveryNameIsUnknown)
 {
     EXPECT_FALSE(records.GetFieldNo("A", no));

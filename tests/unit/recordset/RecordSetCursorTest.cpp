@@ -90,6 +90,14 @@ TEST_F(RecordSetCursor, MoveToIsFalseOutsideTheResultAndLeavesTheCursorAtEndOfFi
     }
 }
 
+TEST_F(RecordSetCursor, AFirstMoveToOutsideTheResultLeavesTheCursorAtEndOfFile)
+{
+    Store(3);
+    EXPECT_FALSE(records.MoveTo(3));
+    EXPECT_TRUE(records.IsEOF());
+    EXPECT_EQ(records.GetFieldDataPtr(0), nullptr);
+}
+
 TEST_F(RecordSetCursor, MoveToIsFalseOnAnEmptyResult)
 {
     Store(0);
