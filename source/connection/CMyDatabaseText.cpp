@@ -24,11 +24,14 @@ bool Escape(MYSQL* handle, std::string_view bytes, eUtEncodingType encoding, UtC
     return true;
 }
 
-/// Milliseconds as seconds with three decimals and a point.
-std::string SecondsText(unsigned long milliseconds)
+/// Appends milliseconds as seconds with three decimals and a point.
+void AppendSeconds(std::string& text, unsigned long milliseconds)
 {
     const std::string thousandths = std::to_string(milliseconds % 1000);
-    return std::to_string(milliseconds / 1000) + "." + std::string(3 - thousandths.size(), '0') + thousandths;
+    text += std::to_string(milliseconds / 1000);
+    text += '.';
+    text.append(3 - thousandths.size(), '0');
+    text += thousandths;
 }
 
 } // namespace
@@ -67,11 +70,19 @@ UtCString CMyDatabase::GetQueryInfo()
         if (!m_handle)
             return UtCString();
         const char* info = mysql_info(m_handle);
-        std::string text = info ? info : "";
-        if (text.empty() && client::ErrorNumber(m_handle) == 0)
-            text = "Query OK. " + std::to_string(m_affectedRows) + (m_affectedRows == 1 ? " Record" : " Records");
-        if (!text.empty())
-            text += " in " + SecondsText(m_queryTime) + " Sec";
+        std::string text;
+        text.reserve(64); // asked for after every select
+        text = info ? info : "";
+        if (text.empty() && client::ErrorNumber(m_handle) == 0) {
+            text += "Query OK. ";
+            text += std::to_string(m_affectedRows);
+            text += m_affectedRows == 1 ? " Record" : " Records";
+        }
+        if (!text.empty()) {
+            text += " in ";
+            AppendSeconds(text, m_queryTime);
+            text += " Sec";
+        }
         return UtCString(text, UT_ENCODING_DEFAULT);
     });
 }
