@@ -28,14 +28,16 @@ private_server_answers() {
         --connect-timeout=2 --execute='SELECT 1' >/dev/null 2>&1
 }
 
+# A server that starts removes what it finds in its folder for temporary files, so each has its own.
 # Launched so that the server also ends when the script is killed and no trap runs.
 private_server_launch() { # private_server_launch PORT
     local as_user=() with_parent=()
     [ "$(id -u)" -ne 0 ] || as_user=(--user=root)
     ! command -v setpriv >/dev/null || with_parent=(setpriv --pdeathsig TERM)
     "${with_parent[@]}" mariadbd --no-defaults "${as_user[@]}" --datadir="$private_server_folder/data" \
-        --bind-address=127.0.0.1 --port="$1" --socket="$private_server_folder/s.sock" --lower-case-table-names=1 \
-        --local-infile=1 --skip-name-resolve --init-file="$private_server_folder/accounts.sql" \
+        --tmpdir="$private_server_folder" --bind-address=127.0.0.1 --port="$1" --socket="$private_server_folder/s.sock" \
+        --lower-case-table-names=1 --local-infile=1 --skip-name-resolve \
+        --init-file="$private_server_folder/accounts.sql" \
         >"$private_server_folder/log" 2>&1 </dev/null &
     private_server_pid=$!
 }
@@ -61,7 +63,7 @@ private_server_start() {
     mkdir "$private_server_folder/data"
     (umask 077 && private_server_accounts >"$private_server_folder/accounts.sql")
     if ! mariadb-install-db --no-defaults --force "${as_user[@]}" --auth-root-authentication-method=normal --skip-test-db \
-        --datadir="$private_server_folder/data" >"$private_server_folder/log" 2>&1; then
+        --datadir="$private_server_folder/data" --tmpdir="$private_server_folder" >"$private_server_folder/log" 2>&1; then
         cat "$private_server_folder/log" >&2
         return 1
     fi

@@ -88,7 +88,9 @@ void ServerProcess::CreateDataFolder() const
 {
     std::ofstream(m_folder.Path() / "accounts.sql") << ACCOUNTS;
     std::vector<std::string> arguments = {"--no-defaults", "--force", "--auth-root-authentication-method=normal",
-                                          "--skip-test-db", "--datadir=" + DataFolder().string()};
+                                          "--skip-test-db", "--datadir=" + DataFolder().string(),
+                                          // A server that starts empties its folder for temporary files.
+                                          "--tmpdir=" + m_folder.Path().string()};
     if (::geteuid() == 0) {
         arguments.push_back("--user=root");
     }
