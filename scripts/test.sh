@@ -34,7 +34,7 @@ run_ctest() { # run_ctest PRESET CTEST OPTION...
     shift
     say "Running the tests (build/$preset)"
     mkdir -p "$results/$preset/gtest"
-    GTEST_OUTPUT="xml:$results/$preset/gtest/" ctest --test-dir "build/$preset" --output-on-failure --no-tests=error \
+    GTEST_BRIEF=1 GTEST_OUTPUT="xml:$results/$preset/gtest/" ctest --test-dir "build/$preset" --output-on-failure --no-tests=error \
         --parallel "$(nproc)" --output-junit "$results/$preset/ctest.xml" "$@" | sed 's/^/    /'
     printf '    done in %d s\n' $((SECONDS - from))
 }
@@ -45,7 +45,7 @@ fuzz_one() { # fuzz_one PROGRAM: runs it on a copy of its corpus
     target=${name#Fuzz}
     work=$(mktemp -d)
     log=$work/log
-    if cp -r "tests/fuzz/corpus/$target" "$work/corpus" &&
+    if cp -r "tests/fuzz/corpus/$target" "$work/corpus" 2>"$log" &&
         "$program" "$work/corpus" -max_total_time="${MYDB_FUZZ_SECONDS:-30}" -timeout=10 -rss_limit_mb=2048 \
             -artifact_prefix="$work/" -print_final_stats=1 >"$log" 2>&1; then
         printf '    %-28s %s executions\n' "$name" "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")"
