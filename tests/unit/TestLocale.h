@@ -11,10 +11,11 @@
 #include <stdexcept>
 #include <string>
 
-// glibc never frees the search path that it makes of LOCPATH; the leak sanitizer asks here what to pass over.
+// glibc never frees the search path that it makes of LOCPATH; the leak sanitizer asks here what to pass over. The name
+// is a part of the function's, which differs with and without debug information.
 extern "C" [[gnu::used, gnu::visibility("default")]] inline const char* __lsan_default_suppressions()
 {
-    return "leak:__argz_add_sep";
+    return "leak:argz_add_sep";
 }
 
 /// A locale in ISO 8859-1 that the system's localedef makes, and the user's locale for the life of the object. So a
