@@ -190,8 +190,8 @@ public:
     /// Kept: with settings in UTF-16 nothing ("utf16") or the first letter ("utf16le") of a statement is sent, because
     /// a statement ends at its first zero byte.
     ///
-    /// A procedure that returns rows (CALL) leaves its closing status unread; every further statement fails with 2014
-    /// until Close.
+    /// A procedure that returns rows (CALL) leaves its closing status unread: until that has arrived, statements fail
+    /// with 2014. Open, or Close, before the next statement avoids it.
     long ExecuteQuery(const UtCString& sql, bool showError, MYSQL_RES** result, bool useResult);
 
     /// Whether a statement gives rows, judged by its first word; letter case does not matter, and a line break counts

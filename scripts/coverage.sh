@@ -8,6 +8,6 @@ source scripts/setup.sh
 need_packages "${build_packages[@]}" "${server_packages[@]}" "${test_packages[@]}" "${coverage_packages[@]}"
 build_preset coverage "Building library and tests with line counters"
 find build/coverage -name '*.gcda' -delete
-run_step "Running the tests" ctest --test-dir build/coverage --output-on-failure -L gtest --parallel "$(nproc)"
+run_step "Running the tests" env GTEST_BRIEF=1 ctest --test-dir build/coverage --output-on-failure -L gtest --parallel "$(nproc)"
 say "Line coverage"
 gcovr --root . --object-directory build/coverage --filter source/ --filter support/ --print-summary --sort-percentage "$@"
