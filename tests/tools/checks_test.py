@@ -141,14 +141,14 @@ class ChecksTest(unittest.TestCase):
 
     # check_words
     def test_words_that_lead_nowhere_fail(self):
-        for words in ("as the specification says", "see Part 1.2", "for issue 12", "in /home/somebody/x",
+        for words in ("as the specifications say", "see chapter 1.2", "for issue 12", "in /home/somebody/x",
                       "TODO later", "https://unknown.example.net/x"):
             with self.subTest(words):
                 self.append("source/sql/Clause.h", f"// {words}\n")
                 self.fails("check_words", "source/sql/Clause.h:2")
 
     def test_a_build_folder_is_not_looked_at(self):
-        self.write("build/dev/notes.md", "see Part 1.2\n")
+        self.write("build/dev/notes.md", "see chapter 1.2\n")
         self.passes("check_words")
 
     # check_exports
