@@ -16,6 +16,7 @@
 #include <memory>
 #include <type_traits>
 
+class CMyKey;
 class CTableCache;
 template <class T> class UtArray;
 template <class K, class V> class UtCMap;
@@ -52,11 +53,62 @@ public:
     /// Frees the result as Close does, and closes the connection when SetCloseConnectionOnExit asks for it.
     ~CMyRecordSet() override;
 
-    /// Ends the edit bracket. Without an open bracket: false, and the state is MODIFY_NONE. The bracket comes with the
-    /// editing members; until then none can be open.
+    // ---- Editing ----------------------------------------------------------------------------------------------------
+
     virtual bool ModifyEnd();
     virtual bool AppendEnd();
+
+    bool AppendStart();
+    bool ModifyStart(const CMyKey& key);
+    bool ModifyStart(const UtCString& where);
+    bool ModifyStart();
+    bool GetPrimaryKey(CMyKey& key) const;
+    bool DeleteRec();
+
     eModifyStates GetModifyState() const noexcept { return m_modifyState; }
+    bool IsAppendOrModifyStarted() const noexcept { return m_modifyState != MODIFY_NONE; }
+    bool IsDeleted() const noexcept { return m_modifyState == MODIFY_DELETE; }
+    bool IsRecordModified() const noexcept { return m_pendingChanges != nullptr; }
+    long GetModifyErrorCode() const noexcept { return m_errorCode; }
+    const UtCString& GetModifyErrorMessage() const noexcept { return m_errorMessage; }
+
+    void EnableAutoUserAndTimeStamp(bool enable) noexcept { m_autoUserAndTimeStamp = enable; }
+    bool IsAutoUserAndTimeStampEnabled() const noexcept { return m_autoUserAndTimeStamp; }
+
+    bool RemoveFieldInSetList(const UtCString& field);
+
+    bool SetFieldValue(const UtCString& field, const UtCString& value);
+    bool SetFieldBool(const UtCString& field, bool value);
+    bool SetFieldByte(const UtCString& field, unsigned char value);
+    bool SetFieldShort(const UtCString& field, short value);
+    bool SetFieldWord(const UtCString& field, unsigned short value);
+    bool SetFieldLong(const UtCString& field, long value);
+    bool SetFieldDWord(const UtCString& field, unsigned long value);
+    bool SetFieldInt64(const UtCString& field, __int64 value);
+    bool SetFieldFloat(const UtCString& field, float value);
+    bool SetFieldDouble(const UtCString& field, double value);
+    bool SetFieldText(const UtCString& field, const UtCString& value);
+    bool SetFieldBlob(const UtCString& field, const CByteArray& value);
+    bool SetFieldDate(const UtCString& field, const CDateTime& value);
+    bool SetFieldGUID(const UtCString& field, _GUID value);
+    bool SetFieldNull(const UtCString& field);
+    bool SetFieldOperation(const UtCString& field, const UtCString& expression);
+
+    // ---- Looking up -------------------------------------------------------------------------------------------------
+
+    long Select(const CMyKey& key, const UtCString& fields, const UtCString& order);
+    long CountSQL(const CMyKey& key) const;
+    long CountSQL(const UtCString& condition) const;
+    bool ExistRecord(const CMyKey& key) const;
+    bool ExistRecord(const UtCString& condition) const;
+    long FindRow(const UtCString& field, const UtCString& value, long startRow, bool forward,
+                 UtCString (*convert)(const UtCString&));
+    long GetMaxValue(const UtCString& sql) const;
+    long GetMaxFieldValue(const UtCString& field, const UtCString& table) const;
+    long GetLastInsertedRecID() const;
+    bool SelectLastInsertedRecord();
+    bool CopyRecord(const CMyRecordSet& source);
+    long GetRecordCount() const;
 
     // ---- Binding ----------------------------------------------------------------------------------------------------
 
@@ -313,7 +365,14 @@ protected:
     /// The `length` bytes at `data` are copied; they are what the accessors return. Null `data` reads as NULL.
     void SaveFieldValue(const UtCString& column, const UtCString& sqlValue, const void* data, unsigned long length);
 
+    bool SetFieldValue(const UtCString& field, const UtCString& value, MYTYPES type);
+    bool SetFieldBuffer(const UtCString& field, const void* data, unsigned long length);
+    void CreateSetClause(UtCString& setClause);
+    bool SetUserAndTimeStamp(bool appending);
+
 private:
+    friend class CMyKey;
+
     struct FreeResult
     {
         void operator()(MYSQL_RES* result) const noexcept;
@@ -363,6 +422,9 @@ private:
     std::unique_ptr<recordset::PendingChanges> m_pendingChanges;
     eModifyStates m_modifyState = MODIFY_NONE;
     bool m_autoUserAndTimeStamp = true;
+    UtCString m_where; ///< the condition of the rows to be changed
+    int32_t m_errorCode = 0;
+    UtCString m_errorMessage;
 
     // Derived from the result, so that nothing is looked up once per row that holds for all of them.
     mutable std::unique_ptr<recordset::ResultColumns> m_columns;

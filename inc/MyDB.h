@@ -4,6 +4,7 @@
 #include "CDateTime.h"
 #include "CMyDatabase.h"
 #include "CMyField.h"
+#include "CMyKey.h"
 #include "CMyRecordSet.h"
 #include "CMyServer.h"
 #include "CMyTable.h"
