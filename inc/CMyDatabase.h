@@ -2,6 +2,7 @@
 
 #include "CMyServer.h"
 #include "MyDbExport.h"
+#include "MyDbTypes.h"
 #include "framework/CObject.h"
 #include "text/UtCString.h"
 
@@ -243,6 +244,65 @@ public:
     /// "Query OK. 3 Records", followed by its time, " in 0.015 Sec". Empty when it failed and on a closed connection.
     /// The decimal separator is a point in every locale.
     UtCString GetQueryInfo();
+
+    /// A status variable of the server as a text, in the encoding of the settings: the column "Value" of the first row
+    /// of SHOW STATUS LIKE 'name'. Opens a closed connection. Round trips: a ping and the statement. The outcome of the
+    /// last statement is that of this one.
+    ///
+    /// Errors come as texts in place of the value, and nothing but the text tells them apart: "Keine Variable
+    /// angegeben!" for an empty name (nothing is sent), and "Variable 'name' unbekannt!", in the encoding of `name`,
+    /// when the server knows none, when the statement fails (GetErrorCode), and without a connection. The value itself
+    /// may be the empty text. Empty also when memory runs out.
+    ///
+    /// Kept: the name goes into a LIKE pattern as it is. "_" and "%" are wildcards, of which the first match counts,
+    /// and an apostrophe ends the pattern: never pass on what a stranger has typed. The statement ends at a zero byte.
+    UtCString GetStatusValue(const UtCString& name);
+
+    /// A system variable of the server, the session's where there is one, as GetStatusValue reads a status variable: by
+    /// SHOW VARIABLES LIKE 'name', with the same text for an empty name.
+    ///
+    /// Kept: what the server does not know, a failed statement and a missing connection give the *empty text* and not
+    /// the one of GetStatusValue, so that a conversion to a number fails.
+    UtCString GetVariableValue(const UtCString& name);
+
+    /// GetVariableValue as a number: ASCII digits, a sign allowed. 0 for every other text, that of an unknown variable
+    /// and of an error included. Kept: 0 also for a number from 2^63 on, which some variables have as their maximum.
+    __int64 GetVariableValueInt64(const UtCString& name);
+
+    /// A text about the server and the connection; "Not connected" on a closed one, which is not opened, whatever is
+    /// asked for. Empty for any other number than these:
+    ///
+    /// | `what` | the text |
+    /// |---|---|
+    /// | DB_INFO_REPORT (0) | the server report, see below |
+    /// | DB_INFO_SERVER_VERSION (1) | the server's version, "10.11.19-MariaDB" |
+    /// | DB_INFO_CLIENT_VERSION (2) | the client library's version |
+    /// | DB_INFO_HOST (3) | "127.0.0.1 via TCP/IP, NOT compressed", or ", compressed" |
+    /// | DB_INFO_VERSION (4) | the same as 1 |
+    ///
+    /// All but the report are what the client knows already: no round trip, and the server may be gone. Empty also when
+    /// memory runs out.
+    ///
+    /// The report has lines for host and data directory of the settings and for the server's version, an estimate of
+    /// the memory that the server uses at most, and the server's own status line with the uptime in words and its
+    /// numbers grouped by "'" (encoding 256, lines end in "\n", except for the last one):
+    ///
+    ///     Server: localhost
+    ///     Version: 5.7.44
+    ///     DataDir: C:/data/
+    ///     Max. Memory: 308 MB = 8 MB + (100 * 3 MB)
+    ///     Uptime: 1 day 01 hrs 01 min 01 sec
+    ///     Threads: 2  Questions: 1'234'567  Slow queries: 0  Opens: 27  Open tables: 17  Queries per second avg: 0.934
+    ///
+    /// It takes a round trip for the status and two for each of the seven or eight variables of the estimate, whose
+    /// last statement it leaves as the outcome. An error of the client comes in place of the report ("MySQL server has
+    /// gone away", UTF-8), as does every status without the word "Uptime"; GetErrorCode knows nothing of it.
+    ///
+    /// The estimate is global buffers + (connections * buffers of a connection); a variable that the server does not
+    /// have counts as 0. Kept: the total and its parts are cut to whole megabytes each for itself. Kept: whether a
+    /// server is older than 4.0, which decides about the variables, is asked of the version's text: 10 and later count
+    /// as older, and most of their buffers are missing from the estimate.
+    UtCString GetInfo(DB_INFOS what);
 
 private:
     friend class CFieldCache;

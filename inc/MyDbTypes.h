@@ -33,6 +33,16 @@ enum eTableTypes : unsigned int
     TABLE_TYPE_BLACKHOLE = 10
 };
 
+/// What CMyDatabase::GetInfo tells. The values cross the interface.
+enum DB_INFOS : unsigned int
+{
+    DB_INFO_REPORT = 0,         ///< the server report
+    DB_INFO_SERVER_VERSION = 1, ///< the version of the server
+    DB_INFO_CLIENT_VERSION = 2, ///< the version of the client library
+    DB_INFO_HOST = 3,           ///< how the server is reached, and whether the traffic is compressed
+    DB_INFO_VERSION = 4         ///< the same as 1
+};
+
 /// State of a record set's edit bracket.
 enum eModifyStates : unsigned int
 {

@@ -22,6 +22,11 @@ static_assert(MYTYPE_DATETIME == 23);
 static_assert(std::is_same_v<std::underlying_type_t<eModifyStates>, unsigned int>);
 static_assert(MODIFY_NONE == 0 && MODIFY_EDIT == 1 && MODIFY_APPEND == 2 && MODIFY_DELETE == 3);
 
+// Server information
+static_assert(std::is_same_v<std::underlying_type_t<DB_INFOS>, unsigned int>);
+static_assert(DB_INFO_REPORT == 0 && DB_INFO_SERVER_VERSION == 1 && DB_INFO_CLIENT_VERSION == 2 && DB_INFO_HOST == 3 &&
+              DB_INFO_VERSION == 4);
+
 // Days of the week
 static_assert(std::is_same_v<std::underlying_type_t<WEEKDAY>, int>);
 static_assert(WEEKDAY_NONE == -1 && SUNDAY == 1 && MONDAY == 2 && TUESDAY == 3 && WEDNESDAY == 4 && THURSDAY == 5 &&

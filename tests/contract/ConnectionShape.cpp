@@ -79,3 +79,7 @@ static_assert(Has<const UtCString& (CMyDatabase::*)() const>(&CMyDatabase::GetLa
 static_assert(Has<unsigned long (CMyDatabase::*)() const>(&CMyDatabase::GetQueryTime));
 static_assert(Has<long (CMyDatabase::*)() const>(&CMyDatabase::GetAffectedRows));
 static_assert(Has<UtCString (CMyDatabase::*)()>(&CMyDatabase::GetQueryInfo));
+static_assert(Has<UtCString (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetStatusValue));
+static_assert(Has<UtCString (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetVariableValue));
+static_assert(Has<__int64 (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetVariableValueInt64));
+static_assert(Has<UtCString (CMyDatabase::*)(DB_INFOS)>(&CMyDatabase::GetInfo));
