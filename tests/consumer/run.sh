@@ -35,6 +35,12 @@ say "every installed header, from the installed tree alone"
 (cd "$prefix/include/mydb" && find . -name '*.h' | sed 's|^\./\(.*\)|#include "\1"|') >"$work/headers.cpp"
 "$cxx" -std=c++20 -fsyntax-only -I"$prefix/include/mydb" -I"$client_include" "$work/headers.cpp"
 
+say "the sample of the README"
+# shellcheck disable=SC2016
+sed -n '/^```cpp$/,/^```$/{/^```/!p}' "$source_dir/README.md" >"$work/sample.cpp"
+grep -q 'int main' "$work/sample.cpp"
+"$cxx" -std=c++20 -fsyntax-only -I"$prefix/include/mydb" -I"$client_include" "$work/sample.cpp"
+
 say "find_package"
 configure "$app" "$work/found" -DCMAKE_PREFIX_PATH="$prefix"
 build "$work/found"
