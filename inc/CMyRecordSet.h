@@ -96,18 +96,113 @@ public:
 
     // ---- Looking up -------------------------------------------------------------------------------------------------
 
+    // Conditions, column lists and statements are sent as they are; values in a key are quoted by the key. Texts are
+    // converted to the encoding of the effective connection. Table names stand in backticks except where noted.
+    //
+    // Counting, existence and maximum run on a record set of their own over the bound connection: result, current row
+    // and pending changes of this one stay, also while it streams. What they leave behind is the last statement and
+    // error of the connection. They take a ping and a statement; a closed connection is opened, in up to two attempts.
+    // A statement that fails is also shown in a message box (MyDbSetUserInterface), here and in the selections. When
+    // there is no memory for a condition nothing is sent and the result is the failure value.
+    //
+    // A key that does not fit the table (CMyKey::CreateClause) gives a condition that the server refuses: a failure.
+
+    /// Selects the rows that meet the conditions of a key, all rows for an empty key, and moves to the first one:
+    /// SELECT fields FROM the table WHERE (the condition) ORDER BY the order. Empty `fields` are all columns of the
+    /// table; an empty `order` leaves the order to the server.
+    ///
+    /// Kept: "ORDER BY " goes in front of an order that does not begin so in upper case, "order by name" included,
+    /// which makes a statement that the server refuses. Pass the column list alone.
+    ///
+    /// Results as Select of a statement as it is, with the message box on. -1 when unbound or when the connection
+    /// cannot be opened; the result before then stays. After every other failure the record set is closed.
     long Select(const CMyKey& key, const UtCString& fields, const UtCString& order);
+
+    /// The number of rows of the table that meet a condition; of all rows for the empty one. `condition` is one of
+    /// - a text that begins with "SELECT ", in any letter case: the whole statement, whose first column is read;
+    /// - any other text: "WHERE " goes in front unless it begins so, in any letter case.
+    ///
+    /// Kept: the condition is not put into parentheses, so that clauses may follow it ("id > 5 LIMIT 1"), as they may
+    /// not in ExistRecord.
+    ///
+    /// 0 also where the first column is no whole number of 32 bits. -1: unbound, the connection cannot be opened, the
+    /// statement fails. Kept: -1 unless exactly one row results, so for a GROUP BY too; for those call Select.
     long CountSQL(const CMyKey& key) const;
     long CountSQL(const UtCString& condition) const;
+
+    /// Whether any row of the table meets a condition; at most one is asked for. Semicolons and blanks at the end of
+    /// `condition` do not matter. It stands in parentheses unless it begins with "WHERE "; one that begins with
+    /// "SELECT " is the whole statement, both in any letter case. False also for every failure: where the difference
+    /// matters use CountSQL.
+    ///
+    /// Kept: " LIMIT 1" is appended to every statement, so that one with a LIMIT of its own is refused by the server.
+    /// Leave the limit out.
     bool ExistRecord(const CMyKey& key) const;
     bool ExistRecord(const UtCString& condition) const;
+
+    /// Walks from the zero-based row `startRow` through a stored result, downwards or (`forward` false) upwards, to the
+    /// first row whose column `field` (found as by GetFieldNo) has an empty text or NULL. Where `convert` is given it
+    /// gets the column's text, in lower case and in the connection's encoding, and its result is what must be empty: a
+    /// function that gives the empty text for the texts wanted makes this a search, which stops at empty texts, too.
+    ///
+    /// Kept: `value` is not what is looked for. It only has to be something: an empty one gives -1. To find a value use
+    /// Select with a key, or compare the column row by row.
+    ///
+    /// The number of the row found, which is then the current one. Kept: 0 for an unknown column and without a result,
+    /// which is the number of the first row; ask GetFieldNo first. -1: not found, the record set then stands at end of
+    /// file; a stream, which stays where it is; no memory; `convert` threw. No round trip, but for the table's columns
+    /// when the cache does not have them. Moves discard pending changes.
     long FindRow(const UtCString& field, const UtCString& value, long startRow, bool forward,
                  UtCString (*convert)(const UtCString&));
+
+    /// The number in the first column of the only row of a statement, or of a clause that Select completes. 0 when it
+    /// is NULL, as the maximum of no rows is, or no whole number of 32 bits. -1 for an empty `sql`, unless exactly one
+    /// row results, and for every failure.
     long GetMaxValue(const UtCString& sql) const;
+
+    /// The largest value of a column: GetMaxValue of SELECT MAX(table.field) FROM table, with neither name in
+    /// backticks; put them around names that need them.
+    ///
+    /// Kept: an empty `table` gives -1, as an empty `field` does; the bound table does not stand in for it. Pass
+    /// GetTableName().
     long GetMaxFieldValue(const UtCString& field, const UtCString& table) const;
+
+    /// The AUTO_INCREMENT value that the last statement of the effective connection made: its low 32 bits as a signed
+    /// number, so values from 2147483648 on come out wrong; read those with SELECT LAST_INSERT_ID(). 0 when that
+    /// statement made none or failed, when unbound and when the connection is closed. No round trip.
+    ///
+    /// Ask directly after AppendEnd: every other statement of the connection ends it, a ping too, and with it each
+    /// select and count.
     long GetLastInsertedRecID() const;
+
+    /// Selects the row that the last statement of the effective connection inserted, by the value of
+    /// GetLastInsertedRecID in the first AUTO_INCREMENT column of the bound table. Call it directly after AppendEnd,
+    /// which does not read the row back.
+    ///
+    /// True: the row is the only one selected and the current one. False: GetLastInsertedRecID is below 1, the table's
+    /// columns cannot be read, or it has no such column; the result then stays as it was. False also when the selection
+    /// does not give exactly one row; the result is then what Select left.
     bool SelectLastInsertedRecord();
+
+    /// Enters the values of the current row of `source` into the pending changes, as the setters would, by column name
+    /// in any letter case. Left out are the columns that are a primary key or AUTO_INCREMENT in the result of `source`,
+    /// the audit columns ERFASST, ERF_TIME, MUTATOR and MUT_TIME, which the edit bracket fills, and those that the
+    /// bound table does not have. `source` may be a stream, on another connection, in another encoding, or this record
+    /// set itself.
+    ///
+    /// Values are read as GetFieldText reads them, pending changes of `source` included, and set by the type of the
+    /// column of the bound table; the bytes of a blob arrive as they are. The setters' rule for the text "null" holds
+    /// here as well. NULL stays NULL. Kept: in a NOT NULL column an empty text takes its place, which a server in
+    /// strict mode refuses in date and number columns; set these yourself afterwards.
+    ///
+    /// True: everything that can be copied is entered, which may be nothing, also because the columns of the bound
+    /// table cannot be read. False: `source` has no current row or no edit bracket is open here, and nothing is
+    /// entered; or memory ran out, and some columns may be missing: do not write the row. One listing of the table's
+    /// columns when the cache does not have them, otherwise no round trip.
     bool CopyRecord(const CMyRecordSet& source);
+
+    /// The rows of the current result as the client counts them, as a signed 32-bit number: of a stream those read so
+    /// far. 0 without a result.
     long GetRecordCount() const;
 
     // ---- Binding ----------------------------------------------------------------------------------------------------
@@ -404,6 +499,8 @@ private:
     const MYSQL_FIELD* ResultField(const UtCString& name) const;
     bool LoadTableEntry() const;
     UtCString InColumnEncoding(const UtCString& column, const UtCString& sqlValue) const;
+    UtCString ConditionOf(const CMyKey& key) const;
+    bool CopyColumn(const CMyRecordSet& source, unsigned long no, const CMyField& target);
 
     CMyDatabase* m_database = nullptr; ///< borrowed
     std::unique_ptr<CMyDatabase> m_largeResultConnection;

@@ -10,11 +10,12 @@
 class CMyDatabase;
 class CTableCache;
 
-/// A light handle on one table of a connection: answers questions about its columns and its storage engine.
+/// A light handle on one table of a connection: answers questions about its columns, its storage engine and its size.
 ///
-/// The answers come from the table's entry in the process-wide cache of table metadata. Creating the handle loads the
-/// entry from the server when the cache does not have it; after that no member but RegisterTable and ClearTableCache
-/// asks the server. A handle whose table could not be loaded is usable and answers every question negatively.
+/// What it says of the columns and the engine comes from the table's entry in the process-wide cache of table metadata.
+/// Creating the handle loads the entry from the server when the cache does not have it; after that only the counts and
+/// sizes, RegisterTable and ClearTableCache ask the server. A handle whose table could not be loaded is usable and
+/// answers every question negatively.
 ///
 /// The cache is keyed by the upper-cased table name alone, without the database: a handle may describe the table of the
 /// same name in another database until that entry is removed. Opening a connection removes the entries of all tables of
@@ -99,6 +100,28 @@ public:
     /// takes the table name as a LIKE pattern and the database name unquoted: with "_" or "%" in the name it can be
     /// that of another table, and it is unknown (false) where the database name would need backticks.
     bool SupportTransaction() const;
+
+    // Counts and sizes ask the server each time, with a ping and a statement on the connection, which they open when it
+    // is closed and whose last statement and error are then theirs. The table name goes into the statement as it was
+    // passed to the constructor: one in backticks, or with one in it, is refused by the server.
+
+    /// The number of rows (SELECT COUNT(*)), counted by the server at that moment. -1 for an invalid handle and when
+    /// the statement fails, which a message box shows as well (CMyRecordSet::CountSQL). A table of more than
+    /// 2147483647 rows counts 0: ask with CMyRecordSet::Select and GetFieldInt64 where tables can be that large.
+    long GetRecordCount() const;
+
+    /// Whether GetRecordCount is below 1. Kept: true also for a table that does not exist or cannot be counted; ask
+    /// IsValid first, or compare GetRecordCount with 0.
+    bool IsEmpty() const;
+
+    /// The bytes that the table's rows and its indexes take up, as the storage engine reports them (SHOW TABLE STATUS);
+    /// an estimate for InnoDB. 0 for an invalid handle, a view, and when the statement fails, without a message box:
+    /// CMyDatabase::GetErrorCode tells.
+    ///
+    /// Kept: the table name is a LIKE pattern, so with "_" or "%" in it the sizes can be those of another table, the
+    /// first in the alphabet that matches. For such names ask information_schema.TABLES.
+    __int64 GetTableDataSize() const;
+    __int64 GetTableIndexSize() const; ///< see GetTableDataSize
 
     /// Takes the table's entry from the cache, loading it as the constructor does. With `reload` the entry is removed
     /// first, so that a changed table is seen; without it a handle that has an entry returns true at once. False when

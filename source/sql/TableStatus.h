@@ -11,4 +11,8 @@ namespace sql {
 /// statement that the server refuses; "_" and "%" in the table name are wildcards.
 UtCString ShowTableStatus(const UtCString& database, const UtCString& table);
 
+/// The same with the database name in backticks, in `encoding`; the table name is a pattern here too. Empty, never a
+/// part, when there is no memory.
+UtCString ShowTableStatusQuoted(const UtCString& database, const UtCString& table, eUtEncodingType encoding);
+
 } // namespace sql

@@ -36,6 +36,10 @@ static_assert(std::is_same_v<decltype(&CMyTable::RemoveFieldsFromFieldList),
 static_assert(std::is_same_v<decltype(&CMyTable::GetPrimaryKeyFieldName), Question<UtCString>>);
 static_assert(std::is_same_v<decltype(&CMyTable::GetTableType), Question<eTableTypes>>);
 static_assert(std::is_same_v<decltype(&CMyTable::SupportTransaction), Question<bool>>);
+static_assert(std::is_same_v<decltype(&CMyTable::GetRecordCount), Question<long>>);
+static_assert(std::is_same_v<decltype(&CMyTable::IsEmpty), Question<bool>>);
+static_assert(std::is_same_v<decltype(&CMyTable::GetTableDataSize), Question<__int64>>);
+static_assert(std::is_same_v<decltype(&CMyTable::GetTableIndexSize), Question<__int64>>);
 static_assert(std::is_same_v<decltype(&CMyTable::RegisterTable), bool (CMyTable::*)(bool)>);
 static_assert(std::is_same_v<decltype(&CMyTable::UnregisterTable), bool (CMyTable::*)()>);
 static_assert(std::is_same_v<decltype(&CMyTable::ClearTableCache), void (CMyTable::*)()>);

@@ -43,4 +43,17 @@ TEST(ShowTableStatus, TakesEmptyNames)
     EXPECT_EQ(Statement("", ""), "SHOW TABLE STATUS FROM  LIKE ''");
 }
 
+TEST(ShowTableStatusQuoted, PutsTheDatabaseIntoBackticksAndTheTableIntoThePattern)
+{
+    const UtCString statement = sql::ShowTableStatusQuoted("my shop", "a_b%s", UT_ENCODING_DEFAULT);
+    EXPECT_EQ(std::string(statement.View()), "SHOW TABLE STATUS FROM `my shop` LIKE 'a_b%s'");
+}
+
+TEST(ShowTableStatusQuoted, IsInTheEncodingAskedFor)
+{
+    const UtCString statement = sql::ShowTableStatusQuoted("\xFC", "\xE4", UT_ENCODING_UTF8);
+    EXPECT_EQ(statement.GetEncodingType(), UT_ENCODING_UTF8);
+    EXPECT_EQ(std::string(statement.View()), "SHOW TABLE STATUS FROM `\xC3\xBC` LIKE '\xC3\xA4'");
+}
+
 } // namespace
