@@ -5,7 +5,9 @@
 #include "harness/MessageRecorder.h"
 #include "harness/ServerProcess.h"
 
-#include <regex>
+#include <cctype>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -15,6 +17,19 @@ protected:
     std::string Global(const char* variable)
     {
         return m_temporary.Sql().Text("SELECT @@GLOBAL." + std::string(variable)).value();
+    }
+    /// The text with "#" in place of each number, grouped or not.
+    static std::string Shape(std::string_view text)
+    {
+        std::string shape;
+        for (const char character : text) {
+            const bool isDigit = std::isdigit(static_cast<unsigned char>(character)) != 0;
+            const bool isInNumber = isDigit || character == '.' || character == '\'';
+            if (isInNumber && shape.ends_with('#'))
+                continue;
+            shape += isDigit ? '#' : character;
+        }
+        return shape;
     }
     std::string Report() { return Bytes(m_database.GetInfo(DB_INFO_REPORT)); }
 };
@@ -156,12 +171,12 @@ TEST_F(ServerStatus, Reports)
 {
     m_database.GetServer().SetDataDir("C:\\data");
     const std::string report = Report();
-    const std::regex form("Server: [^\n]+\nVersion: [^\n]+\nDataDir: C:\\\\data\\\\\n"
-                          "Max\\. Memory: \\d+ MB = \\d+ MB \\+ \\(\\d+ \\* \\d+ MB\\)\n"
-                          "Uptime: (\\d+ days? )?\\d\\d hrs \\d\\d min \\d\\d sec\n"
-                          "Threads: [\\d']+  Questions: [\\d']+  Slow queries: [\\d']+  Opens: [\\d']+  "
-                          "Open tables: [\\d']+  Queries per second avg: [\\d'.]+");
-    EXPECT_TRUE(std::regex_match(report, form)) << report;
+    const std::string facts = report.substr(report.find("\nDataDir"));
+    const std::string shape = Shape(facts);
+    EXPECT_TRUE(shape.starts_with("\nDataDir: C:\\data\\\nMax. Memory: # MB = # MB + (# * # MB)\nUptime: #")) << facts;
+    EXPECT_TRUE(shape.ends_with("# hrs # min # sec\nThreads: #  Questions: #  Slow queries: #  Opens: #  "
+                                "Open tables: #  Queries per second avg: #"))
+        << facts;
     EXPECT_TRUE(report.starts_with("Server: " + harness::PrivateServer::Get().Tester().host +
                                    "\nVersion: " + Global("version") + "\n"));
 }
