@@ -119,6 +119,38 @@ public:
     /// Whether the server knows the database of this connection (CMyServer::ExistDatabase). False for an empty name.
     bool ExistDatabase() const;
 
+    // The lock of a database: a named lock of the server, called like the database with "_lock" behind. It binds only
+    // those who ask for it, on one server, whichever program or machine they are on; two connections of one program
+    // contend for it like two programs. It belongs to the connection, not to this object, which remembers nothing of
+    // it, and ends with UnLockDatabase or with the connection, also when the program crashes.
+    //
+    // The three members open a closed connection (Open(false, "")) and run one statement each, after a ping; outcome
+    // and last statement are those of that statement. A statement that fails is shown in a message box, and the result
+    // is false, as it is when no connection can be had.
+    //
+    // Kept for all three:
+    // - A connection that was lost is silently replaced, and the lock is gone with the old one; see "Reconnecting".
+    // - The database name goes into the statement as it is: an apostrophe in it makes the statement fail (1064), and a
+    //   name of more than 187 bytes is refused (1059). Letter case matters, also on a server where "Kalk" and "kalk"
+    //   are one database: let all programs spell the name alike.
+    // - Without a database name the lock is called "_lock": all connections without a database share it.
+    // - In a cluster with several writing servers each of them grants the lock: let all programs use the same one.
+
+    /// Takes the lock, waiting up to `seconds` for whoever holds it; 0 does not wait. True: this connection holds it. A
+    /// second call on the same connection succeeds at once. False: it is held elsewhere, or see above.
+    ///
+    /// Kept: a negative number is sent as it is. Some servers then wait without limit; MariaDB refuses, and the result
+    /// is false at once, also when the lock is free. The client waits as long as the server does.
+    bool LockDatabase(int seconds);
+
+    /// Gives the lock back. True: this connection held it. False: it did not, whoever else does; or see above. Kept: it
+    /// undoes one LockDatabase. After two the connection still holds the lock (MariaDB; MySQL since 5.7).
+    bool UnLockDatabase();
+
+    /// Whether somebody holds the lock. Kept: this connection counts too, so right after LockDatabase it is true; and
+    /// false does not say that the lock is free, the server may not have been asked.
+    bool IsDatabaseLocked();
+
     /// Whether anybody else works on this database: CountUsersOnThisDatabase(true) gives more than 0.
     bool IsDatabaseInUse();
 
@@ -134,6 +166,7 @@ public:
     /// log in, and without the PROCESS privilege its own threads are all that is counted; nothing tells. Kept: without
     /// a database name the threads without a database are counted, the one of the question included.
     long CountUsersOnThisDatabase(bool ignoreOwnUser);
+
     /// Whether this database has a table or view of this name (SHOW TABLES ... LIKE, one round trip). Blanks and
     /// backticks around the name are removed. False, and nothing is sent, for an empty name and unless IsOpen: a closed
     /// connection is not opened. False also when the statement fails (GetErrorCode).

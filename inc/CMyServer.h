@@ -104,6 +104,40 @@ public:
     /// settings give false at once and leave both untouched.
     bool TestConnect(bool interactive, unsigned long* errorCode, UtCString* errorMessage);
 
+    /// Whether the folders that an application needs are there: the data directory and, in it, "dbs\", "mdbs\" and
+    /// "temp\", looked for in this order. False: `missingDir` (may be null) receives the path of the first that is
+    /// missing, as composed, with the final "\"; it is empty when there is no data directory in the settings, and when
+    /// memory runs out. True: `missingDir` stays as it is. Links to folders count; nothing is opened or created.
+    ///
+    /// Kept: the folders are looked for on the machine of the application, although the data directory is a path on the
+    /// server's. Off Windows "\" and "/" separate, and letter case does not matter.
+    bool CheckDirectoryAccess(UtCString* missingDir) const;
+
+    /// What an application does first: loads the settings file (LoadServerINI), tries to connect (TestConnect) and
+    /// looks for the folders (CheckDirectoryAccess). True: all three succeeded, nothing was shown. False: the first
+    /// that did not was shown in one message box with the error icon, in the caller's words. The settings stay loaded
+    /// whatever the outcome, so they can be used all the same; no connection stays open.
+    ///
+    /// The formats are filled as UtCString::FormatStringList does, each "%s" with the next text:
+    ///
+    /// | format | shown when | 1st | 2nd | 3rd | 4th |
+    /// |---|---|---|---|---|---|
+    /// | `connectErrorFormat` | loading or connecting failed | error code | error text | alias | |
+    /// | `directoryErrorFormat` | a folder is missing | folder | data directory | data directory | folder |
+    ///
+    /// Code and text are those of TestConnect. Kept: settings that could not be loaded are reported with the same
+    /// format, the code 0 and an empty text; without a file the alias is empty as well. A reached limit of failed
+    /// connects gives the code 0 and "Kein Fehler!".
+    ///
+    /// The box is in the encoding of its format where that is 256, otherwise in UTF-8. In 256 a character of the
+    /// server's words that Windows-1252 does not have reads "?". Formats end at a zero byte. The password is never
+    /// shown.
+    ///
+    /// `ignoredText` plays no part. `iniFile` may be a member of this object. One connect; its failure counts towards
+    /// the limit of MyDbSetMaxTryConnect.
+    bool ConnectApplicationToServer(const UtCString& iniFile, const UtCString& ignoredText,
+                                    const UtCString& connectErrorFormat, const UtCString& directoryErrorFormat);
+
     /// Whether a server has a database of this name, whatever the letter case. The server is not this one, but that of
     /// a settings file which the name carries in front: "C:\cfg::kalk" asks the server of "C:\cfg\Server.ini". Kept: a
     /// plain name asks that of "\Server.ini" in the root of the current drive, so it is false where no such file is.

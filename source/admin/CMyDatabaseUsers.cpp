@@ -1,6 +1,7 @@
 #include "CMyDatabase.h"
 #include "CMyRecordSet.h"
 #include "connection/Guarded.h"
+#include "connection/Reachable.h"
 
 namespace {
 
@@ -38,23 +39,17 @@ long CountThreads(CMyDatabase& administration, const WantedUsers& wanted)
     return count;
 }
 
-/// Whether there is a connection afterwards, with a database or without.
-bool IsReachable(CMyDatabase& database)
-{
-    return database.Open(false, UtCString()) || database.IsConnected();
-}
-
 } // namespace
 
 long CMyDatabase::CountUsersOnThisDatabase(bool ignoreOwnUser)
 {
     return connection::Guarded(0L, [&] {
-        if (!IsReachable(*this))
+        if (!connection::IsReachable(*this))
             return 0L;
         CMyDatabase administration(m_server, UtCString());
         administration.GetServer().SetUser("vela_root");
         // KEPT K-76: without the administrative login nobody is counted, so that a database in use looks unused.
-        if (!IsReachable(administration))
+        if (!connection::IsReachable(administration))
             return 0L;
         const UtCString* const ignoredUser = ignoreOwnUser ? &m_server.GetUser() : nullptr;
         // KEPT K-77: with an empty database name the threads without a database are counted, this one included.

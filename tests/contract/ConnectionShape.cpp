@@ -51,6 +51,9 @@ static_assert(Has<UtCString (CMyServer::*)() const>(&CMyServer::GetServerINIDir)
 static_assert(Has<bool (CMyServer::*)() const>(&CMyServer::IsValid));
 static_assert(Has<bool (CMyServer::*)(const UtCString&)>(&CMyServer::LoadServerINI));
 static_assert(Has<bool (CMyServer::*)(bool, unsigned long*, UtCString*)>(&CMyServer::TestConnect));
+static_assert(Has<bool (CMyServer::*)(UtCString*) const>(&CMyServer::CheckDirectoryAccess));
+static_assert(Has<bool (CMyServer::*)(const UtCString&, const UtCString&, const UtCString&, const UtCString&)>(
+    &CMyServer::ConnectApplicationToServer));
 static_assert(Has<bool (CMyServer::*)(const UtCString&) const>(&CMyServer::ExistDatabase));
 
 // CMyDatabase
@@ -66,6 +69,9 @@ static_assert(Has<CMyServer& (CMyDatabase::*)()>(&CMyDatabase::GetServer));
 static_assert(Has<const CMyServer& (CMyDatabase::*)() const>(&CMyDatabase::GetServer));
 static_assert(Has<const UtCString& (CMyDatabase::*)() const>(&CMyDatabase::GetDatabaseName));
 static_assert(Has<bool (CMyDatabase::*)() const>(&CMyDatabase::ExistDatabase));
+static_assert(Has<bool (CMyDatabase::*)(int)>(&CMyDatabase::LockDatabase));
+static_assert(Has<bool (CMyDatabase::*)()>(&CMyDatabase::UnLockDatabase));
+static_assert(Has<bool (CMyDatabase::*)()>(&CMyDatabase::IsDatabaseLocked));
 static_assert(Has<bool (CMyDatabase::*)()>(&CMyDatabase::IsDatabaseInUse));
 static_assert(Has<long (CMyDatabase::*)(bool)>(&CMyDatabase::CountUsersOnThisDatabase));
 static_assert(Has<bool (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::ExistTable));

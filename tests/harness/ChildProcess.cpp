@@ -114,6 +114,8 @@ bool ChildProcess::HasEndedWithin(int milliseconds)
 
 std::string FindProgram(const std::string& program)
 {
+    if (program.find('/') != std::string::npos)
+        return program;
     const char* const path = std::getenv("PATH");
     std::istringstream folders(std::string(path == nullptr ? "" : path) + ":/usr/sbin:/usr/bin");
     for (std::string folder; std::getline(folders, folder, ':');) {

@@ -37,8 +37,8 @@ private:
     bool m_ended = false;
 };
 
-/// The full path of a program in PATH, /usr/sbin or /usr/bin. Throws std::runtime_error with the name when there is
-/// none.
+/// The full path of a program in PATH, /usr/sbin or /usr/bin; a name with a "/" is a path already. Throws
+/// std::runtime_error with the name when there is none.
 std::string FindProgram(const std::string& program);
 
 } // namespace harness
