@@ -21,6 +21,9 @@ class CTableCache;
 template <class T> class UtArray;
 template <class K, class V> class UtCMap;
 
+namespace text {
+class TextBuilder;
+}
 namespace recordset {
 class PendingChanges;
 class ResultColumns;
@@ -68,6 +71,7 @@ public:
     eModifyStates GetModifyState() const noexcept { return m_modifyState; }
     bool IsAppendOrModifyStarted() const noexcept { return m_modifyState != MODIFY_NONE; }
     bool IsDeleted() const noexcept { return m_modifyState == MODIFY_DELETE; }
+    // KEPT K-97: true also for a list that has become empty.
     bool IsRecordModified() const noexcept { return m_pendingChanges != nullptr; }
     long GetModifyErrorCode() const noexcept { return m_errorCode; }
     const UtCString& GetModifyErrorMessage() const noexcept { return m_errorMessage; }
@@ -498,6 +502,37 @@ private:
     const MYSQL_FIELD* ResultField(unsigned long no) const noexcept;
     const MYSQL_FIELD* ResultField(const UtCString& name) const;
     bool LoadTableEntry() const;
+    bool LoadTableEntry(CMyDatabase* connection) const;
+    const CTableCache* EntryForEditing() const;
+    const CMyField* DeclaredField(const UtCString& name) const;
+    eUtEncodingType EncodingForWriting(const UtCString& field) const;
+    bool SetFieldRendered(const UtCString& field, const UtCString& text, MYTYPES type);
+    bool EnterValue(const UtCString& field, const UtCString& value, MYTYPES type);
+    bool EscapeText(const UtCString& value, UtCString& escaped);
+    bool KeepBytes(const UtCString& field, const void* data, size_t length);
+    bool EscapeBytes(const void* data, size_t length, UtCString& escaped);
+    bool OpenForEscaping();
+    bool SqlValueOf(const UtCString& value, MYTYPES type, UtCString& sqlValue);
+    bool KeepChange(const UtCString& field, UtCString&& sqlValue, const void* data, size_t length) noexcept;
+    bool EnterChange(UtCString&& column, UtCString&& sqlValue, const void* data, size_t length) noexcept;
+    bool LoseChange() noexcept;
+    void StartEditing(eModifyStates state) noexcept;
+    void AppendSetList(text::TextBuilder& statement) const;
+    UtCString InsertStatement() const;
+    UtCString UpdateStatement() const;
+    UtCString DeleteStatement() const;
+    eUtEncodingType EditEncoding() const noexcept;
+    size_t ExpectedSize() const noexcept;
+    bool HasPendingChanges() const noexcept;
+    bool Delete();
+    bool Update();
+    void ResetOutcome() noexcept;
+    bool Refuse(unsigned long code, const UtCString& message);
+    bool RefuseTableName();
+    bool RefuseLostChange();
+    bool Send(const UtCString& statement);
+    bool TakeAffectedRows();
+    bool TakeMatchedRows();
     UtCString InColumnEncoding(const UtCString& column, const UtCString& sqlValue) const;
     UtCString ConditionOf(const CMyKey& key) const;
     bool CopyColumn(const CMyRecordSet& source, unsigned long no, const CMyField& target);
@@ -519,7 +554,8 @@ private:
     std::unique_ptr<recordset::PendingChanges> m_pendingChanges;
     eModifyStates m_modifyState = MODIFY_NONE;
     bool m_autoUserAndTimeStamp = true;
-    UtCString m_where; ///< the condition of the rows to be changed
+    bool m_hasLostChange = false; ///< a value could not be kept, so that no statement may be made of the others
+    UtCString m_where;            ///< the condition of the rows to be changed
     int32_t m_errorCode = 0;
     UtCString m_errorMessage;
 
@@ -529,6 +565,7 @@ private:
     std::unique_ptr<unsigned long[]> m_rowLengths;     ///< of all rows of the row index
     mutable std::shared_ptr<CTableCache> m_tableEntry; ///< of the table; keeps what GetTableFieldPtr returned
     mutable uint64_t m_tableEntryGeneration = 0;       ///< the state of the table cache that it was taken from
+    mutable bool m_isTableMissing = false;             ///< the edit bracket has asked for the table in vain
 
     static constexpr uint32_t unknownRow = UINT32_MAX;
 };

@@ -45,6 +45,9 @@ void CMyRecordSet::InitMembers()
     m_tableName = UtCString();
     m_modifyState = MODIFY_NONE;
     m_autoUserAndTimeStamp = true;
+    m_where = UtCString();
+    m_errorCode = 0;
+    m_errorMessage = UtCString();
     m_tableEntry.reset();
 }
 
@@ -66,6 +69,7 @@ void CMyRecordSet::SetTableName(const UtCString& tableName)
 {
     m_tableName = tableName.trim("`");
     m_tableEntry.reset();
+    m_isTableMissing = false;
     if (m_columns)
         m_columns->ForgetEncodings();
 }

@@ -154,8 +154,13 @@ const CMyField* CMyRecordSet::GetTableFieldPtr(long no) const
 
 bool CMyRecordSet::LoadTableEntry() const
 {
+    return LoadTableEntry(GetDB());
+}
+
+bool CMyRecordSet::LoadTableEntry(CMyDatabase* connection) const
+{
     m_tableEntry = connection::Guarded(std::shared_ptr<CTableCache>(),
-                                       [&] { return CFieldCache::Instance().GetOrLoad(GetDB(), m_tableName); });
+                                       [&] { return CFieldCache::Instance().GetOrLoad(connection, m_tableName); });
     m_tableEntryGeneration = CFieldCache::Instance().GetGeneration();
     return m_tableEntry != nullptr;
 }

@@ -2,40 +2,35 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace recordset {
 namespace {
 
-std::vector<char> TerminatedCopy(const void* data, size_t size)
-{
-    std::vector<char> bytes(data ? size + 1 : 1);
-    if (data)
-        std::copy_n(static_cast<const char*>(data), size, bytes.begin());
-    return bytes;
-}
+constexpr size_t usualColumns = 12; ///< room for these is made at once
 
 /// A text that finds no memory is empty; here it throws.
-UtCString WholeCopy(const UtCString& text)
+UtCString BytesOf(const void* data, size_t size)
 {
-    UtCString copy(text);
-    if (copy.IsEmpty() != text.IsEmpty())
+    const size_t taken = data ? size : 0;
+    UtCString bytes(std::string_view(static_cast<const char*>(data), taken), UT_ENCODING_DEFAULT);
+    if (bytes.GetByteLength() != taken)
         throw std::bad_alloc();
-    return copy;
+    return bytes;
 }
 
 } // namespace
 
-PendingChange::PendingChange(const UtCString& column, const UtCString& sqlValue, const void* data, size_t size)
-    : m_column(WholeCopy(column)), m_sqlValue(WholeCopy(sqlValue)), m_bytes(TerminatedCopy(data, size)),
+PendingChange::PendingChange(UtCString&& column, UtCString&& sqlValue, const void* data, size_t size)
+    : m_column(std::move(column)), m_sqlValue(std::move(sqlValue)), m_bytes(BytesOf(data, size)),
       m_isNull(data == nullptr)
 {
 }
 
-void PendingChange::Replace(const UtCString& sqlValue, const void* data, size_t size)
+void PendingChange::Replace(UtCString&& sqlValue, const void* data, size_t size)
 {
-    std::vector<char> bytes = TerminatedCopy(data, size);
-    m_sqlValue = WholeCopy(sqlValue);
-    m_bytes.swap(bytes);
+    m_bytes = BytesOf(data, size);
+    m_sqlValue = std::move(sqlValue);
     m_isNull = data == nullptr;
 }
 
@@ -54,9 +49,21 @@ PendingChange* PendingChanges::FindNoCase(std::string_view columnName) noexcept
     return found == m_changes.end() ? nullptr : &*found;
 }
 
-void PendingChanges::Add(const UtCString& column, const UtCString& sqlValue, const void* data, size_t size)
+void PendingChanges::Add(UtCString column, UtCString sqlValue, const void* data, size_t size)
 {
-    m_changes.emplace_back(column, sqlValue, data, size);
+    if (m_changes.empty())
+        m_changes.reserve(usualColumns);
+    m_changes.emplace_back(std::move(column), std::move(sqlValue), data, size);
+}
+
+bool PendingChanges::Remove(const UtCString& column) noexcept
+{
+    const auto found = std::find_if(m_changes.begin(), m_changes.end(),
+                                    [&](const PendingChange& change) { return change.Column() == column; });
+    if (found == m_changes.end())
+        return false;
+    m_changes.erase(found);
+    return true;
 }
 
 } // namespace recordset

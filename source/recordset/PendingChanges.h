@@ -9,24 +9,26 @@
 namespace recordset {
 
 /// One column that has been set and not yet written. When memory runs out std::bad_alloc is thrown and nothing has
-/// changed; so it is with the list below.
+/// changed; so it is with the list below. Texts are taken over, so that short values need no memory of their own and
+/// long ones are not copied twice.
 class PendingChange
 {
 public:
-    PendingChange(const UtCString& column, const UtCString& sqlValue, const void* data, size_t size);
+    PendingChange(UtCString&& column, UtCString&& sqlValue, const void* data, size_t size);
 
     const UtCString& Column() const noexcept { return m_column; }     ///< upper case, as the setters pass it
     const UtCString& SqlValue() const noexcept { return m_sqlValue; } ///< as it stands in the statement
-    /// The value itself, zero-terminated; null when the column is set to NULL.
-    char* Data() noexcept { return m_isNull ? nullptr : m_bytes.data(); }
-    size_t Size() const noexcept { return m_bytes.size() - 1; }
+    /// The value itself, zero-terminated; null when the column is set to NULL. It may be written to, but not beyond
+    /// its size.
+    char* Data() noexcept { return m_isNull ? nullptr : const_cast<char*>(m_bytes.string()); }
+    size_t Size() const noexcept { return m_bytes.GetByteLength(); }
 
-    void Replace(const UtCString& sqlValue, const void* data, size_t size);
+    void Replace(UtCString&& sqlValue, const void* data, size_t size);
 
 private:
     UtCString m_column;
     UtCString m_sqlValue;
-    std::vector<char> m_bytes; ///< with a terminating zero
+    UtCString m_bytes; ///< not a text: the tag means nothing
     bool m_isNull;
 };
 
@@ -34,13 +36,20 @@ private:
 class PendingChanges
 {
 public:
-    /// The change of exactly this column; null when there is none. Valid until the next Add.
+    /// The change of exactly this column; null when there is none. Valid until the next Add or Remove.
     PendingChange* Find(const UtCString& column) noexcept;
 
     /// The first change whose column has this name in any letter case.
     PendingChange* FindNoCase(std::string_view columnName) noexcept;
 
-    void Add(const UtCString& column, const UtCString& sqlValue, const void* data, size_t size);
+    void Add(UtCString column, UtCString sqlValue, const void* data, size_t size);
+
+    /// Takes out the change of exactly this column; false when there is none.
+    bool Remove(const UtCString& column) noexcept;
+
+    bool IsEmpty() const noexcept { return m_changes.empty(); }
+    auto begin() const noexcept { return m_changes.begin(); }
+    auto end() const noexcept { return m_changes.end(); }
 
 private:
     std::vector<PendingChange> m_changes;

@@ -1,0 +1,82 @@
+#include "sql/ValueText.h"
+
+#include "text/TextBuilder.h"
+#include "text/TextSearch.h"
+
+#include <cmath>
+#include <string>
+
+namespace sql {
+namespace {
+
+constexpr std::string_view escaped("\r\n\t'\\\0", 6);
+
+bool IsWide(eUtEncodingType encoding) noexcept
+{
+    return encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
+}
+
+UtCString WithRefusal(UtCString text, double value)
+{
+    if (!std::isfinite(value))
+        text += " out of range";
+    return text;
+}
+
+} // namespace
+
+bool IsQuotedType(MYTYPES type) noexcept
+{
+    return type == MYTYPE_TEXT || type == MYTYPE_BLOB || type == MYTYPE_MEMO || type == MYTYPE_DATETIME;
+}
+
+bool IsNullWord(const UtCString& value) noexcept
+{
+    constexpr size_t letters = 4;
+    const size_t size = IsWide(value.GetEncodingType()) ? 2 * letters : letters;
+    return value.GetByteLength() == size && value.EqualNoCase("null");
+}
+
+bool NeedsEscape(const UtCString& value) noexcept
+{
+    if (IsWide(value.GetEncodingType())) {
+        return text::FindOneOf({value.View(), value.GetEncodingType()}, 0, {escaped, UT_ENCODING_DEFAULT}) !=
+               text::notFound;
+    }
+    return value.View().find_first_of(escaped) != std::string_view::npos; // elsewhere these bytes are these characters
+}
+
+UtCString Quoted(const UtCString& escapedValue)
+{
+    text::TextBuilder quoted(escapedValue.GetEncodingType(), escapedValue.GetByteLength() + 2);
+    quoted.Append("'", UT_ENCODING_DEFAULT);
+    quoted.AppendText(escapedValue);
+    quoted.Append("'", UT_ENCODING_DEFAULT);
+    return quoted.Take();
+}
+
+UtCString DoubleText(double value)
+{
+    return WithRefusal(UtCString(value), value);
+}
+
+UtCString FloatText(float value, eUtEncodingType encoding)
+{
+    constexpr int decimals = 8;
+    return WithRefusal(UtCString(static_cast<double>(value), decimals, encoding), static_cast<double>(value));
+}
+
+UtCString GuidText(const _GUID& guid)
+{
+    return UtCString("{" + platform::GuidToText(guid) + "}", UT_ENCODING_DEFAULT);
+}
+
+UtCString StampUser(const UtCString& user)
+{
+    int end = user.Search(0, '_');
+    if (end < 0)
+        end = user.Search(0, ':');
+    return end < 0 ? user : user.substr(0, end);
+}
+
+} // namespace sql
