@@ -15,7 +15,7 @@ trap 'exit 130' INT
 trap 'exit 143' TERM HUP
 
 need_packages "${build_packages[@]}" "${server_packages[@]}"
-build_preset release "Building the library and the example"
+build_preset release "Building the library and the examples"
 if [ -n "${MYDB_SERVER:-}" ]; then
     say "Using the server $MYDB_SERVER"
 else
@@ -26,3 +26,7 @@ fi
 say "Running examples/quickstart"
 echo
 private_server_run build/release/examples/quickstart
+echo
+say "Running examples/startup"
+echo
+private_server_run scripts/run-startup.sh build/release/examples
