@@ -4,7 +4,7 @@
 //
 // Writes "locked" when it has the lock. Ends with 3 when it does not get it.
 
-#include "MyDB.h"
+#include "CMyDatabase.h"
 
 #include <chrono>
 #include <cstdio>
