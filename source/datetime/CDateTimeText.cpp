@@ -7,16 +7,11 @@
 
 namespace {
 
-UtCString DefaultText(std::string_view text)
-{
-    return UtCString(text, UT_ENCODING_DEFAULT);
-}
-
 UtCString FormattedText(const CDateTime& date, unsigned int selector)
 {
     if (date.IsNull())
-        return DefaultText(selector == 8 ? "'0000-00-00'" : "");
-    return DefaultText(datetime::Format(date.GetValue(), selector));
+        return UtCString(selector == 8 ? "'0000-00-00'" : "");
+    return datetime::Format(date.GetValue(), selector);
 }
 
 } // namespace

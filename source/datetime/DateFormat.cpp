@@ -25,48 +25,57 @@ constexpr std::string_view patterns[largestSelector + 1] = {
     "%H:%M",
 };
 
-void AppendTwoDigits(std::string& text, int number)
+/// A text as it grows; no pattern gives more than fits.
+struct Line
 {
-    text += static_cast<char>('0' + number / 10);
-    text += static_cast<char>('0' + number % 10);
+    void Append(char character) noexcept { characters[size++] = character; }
+
+    char characters[24];
+    size_t size = 0;
+};
+
+void AppendTwoDigits(Line& line, int number)
+{
+    line.Append(static_cast<char>('0' + number / 10));
+    line.Append(static_cast<char>('0' + number % 10));
 }
 
-void AppendField(std::string& text, char conversion, const platform::CalendarFields& fields)
+void AppendField(Line& line, char conversion, const platform::CalendarFields& fields)
 {
     switch (conversion) {
     case 'Y':
-        AppendTwoDigits(text, fields.year / 100);
-        return AppendTwoDigits(text, fields.year % 100);
+        AppendTwoDigits(line, fields.year / 100);
+        return AppendTwoDigits(line, fields.year % 100);
     case 'y':
-        return AppendTwoDigits(text, fields.year % 100);
+        return AppendTwoDigits(line, fields.year % 100);
     case 'm':
-        return AppendTwoDigits(text, fields.month);
+        return AppendTwoDigits(line, fields.month);
     case 'd':
-        return AppendTwoDigits(text, fields.day);
+        return AppendTwoDigits(line, fields.day);
     case 'H':
-        return AppendTwoDigits(text, fields.hour);
+        return AppendTwoDigits(line, fields.hour);
     case 'M':
-        return AppendTwoDigits(text, fields.minute);
+        return AppendTwoDigits(line, fields.minute);
     default:
-        return AppendTwoDigits(text, fields.second);
+        return AppendTwoDigits(line, fields.second);
     }
 }
 
 } // namespace
 
-std::string Format(double value, unsigned int selector)
+UtCString Format(double value, unsigned int selector)
 {
     platform::CalendarFields fields;
     if (!framework::FieldsFromOleDate(value, fields))
         return "Invalid DateTime";
-    std::string text;
+    Line line;
     const std::string_view pattern = selector <= largestSelector ? patterns[selector] : std::string_view();
     for (size_t position = 0; position < pattern.size(); ++position)
         if (pattern[position] == '%')
-            AppendField(text, pattern[++position], fields);
+            AppendField(line, pattern[++position], fields);
         else
-            text += pattern[position];
-    return text;
+            line.Append(pattern[position]);
+    return UtCString({line.characters, line.size}, UT_ENCODING_DEFAULT);
 }
 
 } // namespace datetime

@@ -2,6 +2,7 @@
 
 #include "MyDbExport.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -30,5 +31,8 @@ bool GuidFromText(std::string_view text, _GUID& guid) noexcept;
 
 /// The standard form in lower case, 36 characters. `GuidFromText` reads it back as the same GUID.
 std::string GuidToText(const _GUID& guid);
+
+/// The same characters, without a zero behind them and without memory.
+std::array<char, 36> GuidCharacters(const _GUID& guid) noexcept;
 
 } // namespace platform

@@ -2,6 +2,8 @@
 
 #include "text/TextBuilder.h"
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 UtCStringList::UtCStringList(const UtCString& text) noexcept
@@ -44,10 +46,31 @@ bool UtCStringList::Add(const UtCString& text) noexcept
     }
 }
 
+bool UtCStringList::AddMoved(std::span<UtCString> texts) noexcept
+{
+    const size_t needed = m_items.size() + texts.size();
+    if (needed > m_items.capacity() && !Reserve(std::max(3 * texts.size(), 2 * m_items.size())))
+        return false;
+    m_items.insert(m_items.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
+    return true;
+}
+
+bool UtCStringList::Reserve(size_t count) noexcept
+{
+    try {
+        m_items.reserve(count);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 bool UtCStringList::AddList(const UtCStringList& list) noexcept
 {
     const size_t before = m_items.size();
     const size_t count = list.m_items.size();
+    if (before == 0 && !Reserve(count))
+        return false;
     for (size_t index = 0; index < count; ++index) {
         if (!Add(list.m_items[index])) {
             m_items.resize(before);

@@ -3,6 +3,7 @@
 #include "text/UtCString.h"
 
 #include <initializer_list>
+#include <span>
 #include <vector>
 
 /// An ordered list of texts, addressed by zero-based position. Each text keeps its encoding.
@@ -35,8 +36,14 @@ public:
     /// empty text. `out` may be an item or the separator.
     void Concatenate(const UtCString& separator, UtCString& out) const noexcept;
 
+protected:
+    /// Appends the texts, taking their contents over: all or, when memory runs out, none of them (false; they are
+    /// unchanged then). They must not be items of this list. The first time there is room made for three such groups.
+    bool AddMoved(std::span<UtCString> texts) noexcept;
+
 private:
     bool Holds(int position) const noexcept;
+    bool Reserve(size_t count) noexcept; ///< false, and nothing changed, when memory ran out
     UtCString& Spare() const noexcept;
 
     std::vector<UtCString> m_items;
