@@ -68,7 +68,9 @@ UtCString FloatText(float value, eUtEncodingType encoding)
 
 UtCString GuidText(const _GUID& guid)
 {
-    return UtCString("{" + platform::GuidToText(guid) + "}", UT_ENCODING_DEFAULT);
+    UtCString text(platform::GuidToText(guid), UT_ENCODING_DEFAULT);
+    text.Enclose("{", "}");
+    return text;
 }
 
 UtCString StampUser(const UtCString& user)
