@@ -43,7 +43,7 @@ std::string_view NextNumber(std::string_view text, size_t from)
 
 std::string TwoDigits(int64_t number)
 {
-    return std::string(number < 10 ? "0" : "").append(std::to_string(number)); // gcc 12 warns of "0" + text
+    return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
 std::string UptimeOf(std::string_view number)
