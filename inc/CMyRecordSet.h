@@ -171,17 +171,17 @@ public:
     /// GetTableName().
     long GetMaxFieldValue(const UtCString& field, const UtCString& table) const;
 
-    /// The AUTO_INCREMENT value that the last statement of the effective connection made: its low 32 bits as a signed
-    /// number, so values from 2147483648 on come out wrong; read those with SELECT LAST_INSERT_ID(). 0 when that
-    /// statement made none or failed, when unbound and when the connection is closed. No round trip.
+    /// The AUTO_INCREMENT value that the last statement of the effective connection made, of whatever table: its low 32
+    /// bits as a signed number, so values from 2147483648 on come out wrong; read those with SELECT LAST_INSERT_ID().
+    /// 0 when that statement made none or failed, when unbound and when the connection is closed. No round trip.
     ///
-    /// Ask directly after AppendEnd: every other statement of the connection ends it, a ping too, and with it each
-    /// select and count.
+    /// Ask directly after AppendEnd. Every statement that gives no rows ends the value, and so does a failure; whether
+    /// one that gives rows does is up to the client library.
     long GetLastInsertedRecID() const;
 
     /// Selects the row that the last statement of the effective connection inserted, by the value of
-    /// GetLastInsertedRecID in the first AUTO_INCREMENT column of the bound table. Call it directly after AppendEnd,
-    /// which does not read the row back.
+    /// GetLastInsertedRecID, in all its 64 bits, in the first AUTO_INCREMENT column of the bound table. Call it
+    /// directly after AppendEnd, which does not read the row back.
     ///
     /// True: the row is the only one selected and the current one. False: GetLastInsertedRecID is below 1, the table's
     /// columns cannot be read, or it has no such column; the result then stays as it was. False also when the selection
@@ -201,8 +201,9 @@ public:
     ///
     /// True: everything that can be copied is entered, which may be nothing, also because the columns of the bound
     /// table cannot be read. False: `source` has no current row or no edit bracket is open here, and nothing is
-    /// entered; or memory ran out, and some columns may be missing: do not write the row. One listing of the table's
-    /// columns when the cache does not have them, otherwise no round trip.
+    /// entered; or memory ran out, or a value has to be escaped and there is no connection to do it with: then values
+    /// are missing, and the bracket writes nothing. One listing of the table's columns when the cache does not have
+    /// them, otherwise no round trip.
     bool CopyRecord(const CMyRecordSet& source);
 
     /// The rows of the current result as the client counts them, as a signed 32-bit number: of a stream those read so

@@ -81,10 +81,11 @@ public:
     UtCString GetFields(const UtCString& exclude) const;
 
     /// `list`, a column list as GetFields gives it, without the columns named in `exclude`, a list of names separated
-    /// by commas, with or without backticks and blanks. Letter case does not matter and the rest of `list` keeps
-    /// its own. Each name is removed once, with its comma; names that are not in the list, or stand there without
-    /// backticks, are ignored. Then every run of blanks becomes one blank, and blanks and commas at both ends go. Does
-    /// not look at the table: it works for an invalid handle too.
+    /// by commas, with or without backticks and blanks. Whole names are compared, in any letter case, and the rest of
+    /// `list` keeps its order and its own letter case. Each name is removed once, with its comma; names that are not in
+    /// the list, or stand there without backticks, are ignored. Then every run of blanks becomes one blank, and blanks
+    /// and commas at both ends go. Does not look at the table: it works for an invalid handle too. Empty also when
+    /// memory runs out.
     UtCString RemoveFieldsFromFieldList(const UtCString& list, const UtCString& exclude) const;
 
     /// The name of the column that is the primary key; for a key of several columns their names in reverse column

@@ -1,6 +1,7 @@
 #include "CMyTable.h"
 
 #include "CMyDatabase.h"
+#include "connection/Guarded.h"
 #include "metadata/FieldCache.h"
 #include "metadata/FieldList.h"
 #include "metadata/FieldTypes.h"
@@ -97,12 +98,12 @@ UtCString CMyTable::GetFields(const UtCString& exclude) const
     if (!m_entry)
         return UtCString();
     const UtCString list = metadata::FieldList(*m_entry);
-    return exclude.IsEmpty() ? list : metadata::WithoutFields(list, exclude);
+    return exclude.IsEmpty() ? list : RemoveFieldsFromFieldList(list, exclude);
 }
 
 UtCString CMyTable::RemoveFieldsFromFieldList(const UtCString& list, const UtCString& exclude) const
 {
-    return metadata::WithoutFields(list, exclude);
+    return connection::Guarded(UtCString(), [&] { return metadata::WithoutFields(list, exclude); });
 }
 
 UtCString CMyTable::GetPrimaryKeyFieldName() const

@@ -1,8 +1,12 @@
 #include "metadata/FieldList.h"
 
-#include "text/UtCStringList.h"
+#include "text/TextBuilder.h"
+#include "text/TextSearch.h"
 
 #include <mysql.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace metadata {
 namespace {
@@ -20,67 +24,102 @@ constexpr EngineName engineNames[] = {
     {"CSV", TABLE_TYPE_CSV},         {"BLACKHOLE", TABLE_TYPE_BLACKHOLE},
 };
 
-/// Deletes the first occurrence of a quoted name with its comma, or one at the end. The upper-cased copy of the list is
-/// searched and kept in step, as upper-casing keeps every character's position.
-void RemoveField(UtCString& list, UtCString& upperList, const UtCString& quotedName)
+using text::Tagged;
+
+// Names are searched for in place: a copy for which there is no memory would leave a column in the list.
+
+Tagged Trimmed(Tagged text, const char* set)
 {
-    const UtCString withComma = quotedName + ",";
-    int position = upperList.Search(0, withComma);
-    int count = withComma.GetLength();
-    if (position < 0 && upperList.EndsWith(quotedName, true)) {
-        count = quotedName.GetLength();
-        position = upperList.GetLength() - count;
+    const Tagged characters{set, UT_ENCODING_DEFAULT};
+    text.bytes = text.bytes.substr(0, text::TrailingBegin(text, characters));
+    text.bytes.remove_prefix(text::LeadingEnd(text, characters));
+    return text;
+}
+
+std::vector<Tagged> SplitAtCommas(const UtCString& list)
+{
+    const Tagged whole{list.View(), list.GetEncodingType()};
+    const Tagged comma{",", UT_ENCODING_DEFAULT};
+    std::vector<Tagged> items;
+    size_t begin = 0;
+    for (text::Match found; (found = text::Find(whole, begin, comma, text::LetterCase::Exact)).IsFound();) {
+        items.push_back({whole.bytes.substr(begin, found.begin - begin), whole.encoding});
+        begin = found.end;
     }
-    if (position < 0)
-        return;
-    list.Delete(position, count);
-    upperList.Delete(position, count);
+    items.push_back({whole.bytes.substr(begin), whole.encoding});
+    return items;
+}
+
+/// Takes `prefix` away from the beginning of the text; false when it does not begin so.
+bool Skip(Tagged& text, Tagged prefix)
+{
+    const size_t size = text::PrefixSize(text, prefix, text::LetterCase::Ignored);
+    if (size == text::notFound)
+        return false;
+    text.bytes.remove_prefix(size);
+    return true;
+}
+
+/// Whether an item of a list is exactly the name in backticks.
+bool IsField(Tagged item, Tagged name)
+{
+    const Tagged backtick{"`", UT_ENCODING_DEFAULT};
+    item = Trimmed(item, " ");
+    return Skip(item, backtick) && Skip(item, name) && Skip(item, backtick) && item.bytes.empty();
+}
+
+UtCString JoinWithCommas(const std::vector<Tagged>& items, eUtEncodingType encoding)
+{
+    text::TextBuilder list(encoding);
+    for (size_t no = 0; no < items.size(); ++no) {
+        list.Append(no == 0 ? "" : ",", UT_ENCODING_DEFAULT);
+        list.Append(items[no].bytes);
+    }
+    return list.Take();
 }
 
 } // namespace
 
 UtCString FieldList(const CTableCache& entry)
 {
-    UtCString list;
+    text::TextBuilder list(UT_ENCODING_DEFAULT);
     for (unsigned long no = 0; no < entry.GetFieldCount(); ++no) {
-        list += no == 0 ? "`" : ", `";
-        list += entry.GetField(no)->GetName();
-        list += "`";
+        list.Append(no == 0 ? "`" : ", `");
+        list.AppendText(entry.GetField(no)->GetName());
+        list.Append("`");
     }
-    return list.toUpper();
+    return list.Take().toUpper();
 }
 
 UtCString WithoutFields(const UtCString& list, const UtCString& exclude)
 {
-    UtCString rest = list.trim(UtCString(", ")); // so that the last name stands at the end
-    UtCString upperRest = rest.toUpper();
-    UtCStringList names;
-    exclude.toUpper().Tokenize(UtCString(","), names);
-    for (int i = 0; i < names.GetCount(); ++i) {
-        UtCString name = names.item(i).trim(UtCString(" `"));
-        if (name.IsEmpty())
-            continue;
-        name.Enclose(UtCString("`"));
-        RemoveField(rest, upperRest, name);
+    std::vector<Tagged> items = SplitAtCommas(list);
+    for (const Tagged& excluded : SplitAtCommas(exclude)) {
+        const Tagged name = Trimmed(excluded, " `");
+        const auto found = std::find_if(items.begin(), items.end(), [&](Tagged item) { return IsField(item, name); });
+        if (!name.bytes.empty() && found != items.end())
+            items.erase(found);
     }
-    while (rest.Contains(UtCString("  ")))
-        rest = rest.replace(UtCString("  "), UtCString(" "));
-    return rest.trim(UtCString(", "));
+    UtCString rest = JoinWithCommas(items, list.GetEncodingType());
+    while (rest.Contains("  "))
+        rest = rest.replace("  ", " ");
+    return rest.trim(", ");
 }
 
 UtCString PrimaryKeyFields(const CTableCache& entry)
 {
-    UtCString names;
+    text::TextBuilder names(UT_ENCODING_DEFAULT);
+    const char* separator = "";
     // KEPT K-24: the names come from the last column to the first.
     for (unsigned long no = entry.GetFieldCount(); no-- > 0;) {
         const CMyField* field = entry.GetField(no);
         if ((field->GetFlags() & PRI_KEY_FLAG) == 0)
             continue;
-        if (!names.IsEmpty())
-            names += ",";
-        names += field->GetName();
+        names.Append(separator);
+        names.AppendText(field->GetName());
+        separator = ",";
     }
-    return names;
+    return names.Take();
 }
 
 eTableTypes TableTypeOfEngine(const UtCString& engine)

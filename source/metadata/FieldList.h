@@ -4,7 +4,8 @@
 #include "metadata/TableCache.h"
 #include "text/UtCString.h"
 
-/// Texts made from the columns of a table. Pure: nothing here asks the server.
+/// Texts made from the columns of a table. Pure: nothing here asks the server. A text for which there is no memory is
+/// empty, never a part; WithoutFields throws std::bad_alloc as well.
 namespace metadata {
 
 /// All column names in upper case and in backticks, separated by a comma and a blank, in the server's order.

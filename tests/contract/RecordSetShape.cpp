@@ -48,6 +48,21 @@ static_assert(Has<bool (CMyRecordSet::*)()>(&CMyRecordSet::MoveNext));
 static_assert(Has<bool (CMyRecordSet::*)(long)>(&CMyRecordSet::MoveTo));
 static_assert(Has<long (CMyRecordSet::*)()>(&CMyRecordSet::GetCurrentRow));
 static_assert(Has<bool (CMyRecordSet::*)() const>(&CMyRecordSet::IsEOF));
+// Looking up
+static_assert(Has<long (CMyRecordSet::*)(const CMyKey&, const UtCString&, const UtCString&)>(&CMyRecordSet::Select));
+static_assert(Has<long (CMyRecordSet::*)(const CMyKey&) const>(&CMyRecordSet::CountSQL));
+static_assert(Has<long (CMyRecordSet::*)(const UtCString&) const>(&CMyRecordSet::CountSQL));
+static_assert(Has<bool (CMyRecordSet::*)(const CMyKey&) const>(&CMyRecordSet::ExistRecord));
+static_assert(Has<bool (CMyRecordSet::*)(const UtCString&) const>(&CMyRecordSet::ExistRecord));
+static_assert(Has<long (CMyRecordSet::*)(const UtCString&, const UtCString&, long, bool,
+                                         UtCString (*)(const UtCString&))>(&CMyRecordSet::FindRow));
+static_assert(Has<long (CMyRecordSet::*)(const UtCString&) const>(&CMyRecordSet::GetMaxValue));
+static_assert(Has<long (CMyRecordSet::*)(const UtCString&, const UtCString&) const>(&CMyRecordSet::GetMaxFieldValue));
+static_assert(Has<long (CMyRecordSet::*)() const>(&CMyRecordSet::GetLastInsertedRecID));
+static_assert(Has<bool (CMyRecordSet::*)()>(&CMyRecordSet::SelectLastInsertedRecord));
+static_assert(Has<bool (CMyRecordSet::*)(const CMyRecordSet&)>(&CMyRecordSet::CopyRecord));
+static_assert(Has<long (CMyRecordSet::*)() const>(&CMyRecordSet::GetRecordCount));
+// Columns and values
 static_assert(Has<unsigned long (CMyRecordSet::*)() const>(&CMyRecordSet::GetFieldCount));
 static_assert(Has<bool (CMyRecordSet::*)(const UtCString&, unsigned long&) const>(&CMyRecordSet::GetFieldNo));
 static_assert(Has<UtCString (CMyRecordSet::*)(unsigned long) const>(&CMyRecordSet::GetFieldName));
