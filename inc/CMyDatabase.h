@@ -8,6 +8,8 @@
 
 #include <mysql.h>
 
+class CProgressCtrl;
+
 namespace connection {
 struct DatabaseAccess;
 }
@@ -337,6 +339,47 @@ public:
     /// as older, and most of their buffers are missing from the estimate.
     UtCString GetInfo(DB_INFOS what);
 
+    /// Writes the rows of a table, or of any statement that gives rows, into a text file that LOAD DATA can read back
+    /// with ESCAPED BY '\\'. The rows stream over this connection: memory is needed for the largest value only,
+    /// whatever the size of the table.
+    ///
+    /// The file: one line per row, with `separator` (empty: ",") between the fields and `lineEnd` (empty: CR LF) behind
+    /// the last one. A value stands between two `enclosure` texts (empty: none), with what mysql_real_escape_string
+    /// changes for this connection, otherwise byte for byte as the server sent it; it puts a backslash before zero
+    /// bytes, line feeds, carriage returns, backslashes, quotes and Ctrl-Z, and in NO_BACKSLASH_ESCAPES mode doubles
+    /// the apostrophe instead. NULL is \N without enclosure, an empty value the two enclosures. With `header` the first
+    /// line names the columns, enclosed and not escaped. The three texts are written in the encoding of the settings
+    /// (where that is UTF-16: in UTF-8).
+    ///
+    /// `fileName` is a path as "files/UtFile.h" describes them. The file is created, or emptied when it is there, also
+    /// when the dump fails later; a file that another dump is writing is refused. Lines go to the file in blocks, so
+    /// while the dump runs the file ends anywhere.
+    ///
+    /// `statement`, if not empty, is what is sent; otherwise it is "SELECT * FROM " and `tableName`, which is used for
+    /// nothing else. It goes to the server byte for byte in its own encoding, without a UTF-8 byte-order mark in front
+    /// and up to its first zero byte, and is not kept as GetLastSQLCommand. Kept: the table name is not quoted.
+    ///
+    /// `progress` may be null. It gets PBM_DELTAPOS with a step after every so many rows, and at the end with the rows
+    /// that are left, 0 included. A step is a hundredth of the bar's upper bound, at least 100 rows.
+    ///
+    /// The number of rows written, at most 2147483647; GetQueryTime is the time of the whole dump then, and the error
+    /// code 0. A closed connection is opened first (Open(false, "")). One round trip.
+    ///
+    /// -1:
+    /// - The file could not be created: nothing is sent and no error recorded.
+    /// - The connection could not be opened: as ExecuteQuery.
+    /// - The server or the client refused the statement, or the connection was lost before the last row: GetErrorCode
+    ///   and GetErrorMessage tell. A statement is not sent again. What has been written stays and is not complete.
+    /// - The statement gave no rows to write (an UPDATE, which has taken effect): the error code is 0.
+    /// - The file could not be written or closed, because the disk is full for example: a message box says so. The
+    ///   error code is 0. What has been written stays; its last line may be a part.
+    /// - Out of memory: the code is 2008 where no other is recorded.
+    ///
+    /// In all these cases the rest of the rows is read and dropped, which may take as long as the dump itself.
+    long DumpTable(const UtCString& fileName, const UtCString& tableName, bool header, const UtCString& statement,
+                   const UtCString& separator, const UtCString& enclosure, const UtCString& lineEnd,
+                   CProgressCtrl* progress);
+
 private:
     friend class CFieldCache;
     friend class CMyRecordSet;
@@ -357,6 +400,11 @@ private:
     void RecordClientError();
     void RecordOutOfMemory();
     long FailStatement(bool showError);
+
+    struct DumpJob;
+    long Dump(UtCString statement, DumpJob& job);
+    long DumpRows(DumpJob& job);
+    long FailDump();
 
     MYSQL* m_handle;
     unsigned long m_threadId;

@@ -39,6 +39,12 @@ public:
 
     virtual void BeginWait() = 0; ///< Something long begins. Calls come in pairs and may be nested.
     virtual void EndWait() = 0;   ///< It has ended.
+
+    /// A failed CMyDatabase::CopyDatabase has deleted a temporary file and asks whether to go on deleting; `filesLeft`
+    /// of them have not been deleted yet. The copy does not stop by itself: with 0 left it goes on to delete the last
+    /// one again and again. False ends it at once. This one answers true, so a host that copies databases overrides it,
+    /// with `return filesLeft > 0` as a rule.
+    virtual bool ContinueCleanup(unsigned long filesLeft);
 };
 
 /// Replaces the user interface (null: the platform's default) and returns the previous one (null: it was the default).

@@ -48,6 +48,11 @@ MyDbUserInterface& UserInterface() noexcept
 
 } // namespace connection
 
+bool MyDbUserInterface::ContinueCleanup(unsigned long)
+{
+    return true;
+}
+
 MyDbUserInterface* MyDbSetUserInterface(MyDbUserInterface* userInterface) noexcept
 {
     return std::exchange(connection::hostUserInterface, userInterface);

@@ -89,3 +89,5 @@ static_assert(Has<UtCString (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::Ge
 static_assert(Has<UtCString (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetVariableValue));
 static_assert(Has<__int64 (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetVariableValueInt64));
 static_assert(Has<UtCString (CMyDatabase::*)(DB_INFOS)>(&CMyDatabase::GetInfo));
+static_assert(Has<long (CMyDatabase::*)(const UtCString&, const UtCString&, bool, const UtCString&, const UtCString&,
+                                        const UtCString&, const UtCString&, CProgressCtrl*)>(&CMyDatabase::DumpTable));

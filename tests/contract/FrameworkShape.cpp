@@ -1,7 +1,9 @@
 #include "MyDbUserInterface.h"
 #include "files/UtFile.h"
 #include "framework/CByteArray.h"
+#include "framework/CFile.h"
 #include "framework/CObject.h"
+#include "framework/CWnd.h"
 #include "framework/Guid.h"
 #include "log/UtAppLogging.h"
 #include "text/UtMemory.h"
@@ -12,6 +14,7 @@
 #include <initializer_list>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 // What a host may replace
 static_assert(Has<MyDbUserInterface* (*)(MyDbUserInterface*)>(&MyDbSetUserInterface));
@@ -54,6 +57,25 @@ static_assert(Has<void (CByteArray::*)()>(&CByteArray::RemoveAll));
 static_assert(Has<int (MyDbUserInterface::*)(const UtCString&, unsigned int)>(&MyDbUserInterface::ShowMessage));
 static_assert(Has<void (MyDbUserInterface::*)()>(&MyDbUserInterface::BeginWait));
 static_assert(Has<void (MyDbUserInterface::*)()>(&MyDbUserInterface::EndWait));
+static_assert(Has<bool (MyDbUserInterface::*)(unsigned long)>(&MyDbUserInterface::ContinueCleanup));
+
+// CFile
+static_assert(std::is_base_of_v<CObject, CFile> && std::is_base_of_v<CObject, CFileException>);
+static_assert(CFile::modeReadWrite == 0x0002 && CFile::shareExclusive == 0x0010 && CFile::modeCreate == 0x1000);
+static_assert(Has<bool (CFile::*)(const UtCString&, unsigned int)>(&CFile::Open));
+static_assert(Has<void (CFile::*)(const void*, unsigned int)>(&CFile::Write));
+static_assert(Has<void (CFile::*)()>(&CFile::Close));
+static_assert(noexcept(std::declval<CFile&>().Abort()));
+static_assert(Has<void (CFileException::*)()>(&CFileException::Delete));
+
+// CWnd and CProgressCtrl
+static_assert(std::is_base_of_v<CObject, CWnd> && std::is_base_of_v<CWnd, CProgressCtrl>);
+static_assert(PBM_DELTAPOS == 1027);
+static_assert(Has<intptr_t (CWnd::*)(unsigned int, uintptr_t, intptr_t)>(&CWnd::SendMessage));
+static_assert(Has<intptr_t (CProgressCtrl::*)(unsigned int, uintptr_t, intptr_t)>(&CProgressCtrl::SendMessage));
+static_assert(Has<void (CProgressCtrl::*)(int&, int&) const>(&CProgressCtrl::GetRange));
+static_assert(Has<void (CProgressCtrl::*)(int, int)>(&CProgressCtrl::SetRange32));
+static_assert(Has<int (CProgressCtrl::*)() const>(&CProgressCtrl::GetPos));
 
 // UtAppLogSink
 static_assert(Has<void (UtAppLogSink::*)(const char*, long, const char*, const char*)>(&UtAppLogSink::Warning));

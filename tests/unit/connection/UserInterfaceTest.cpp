@@ -54,6 +54,15 @@ TEST(DefaultUserInterface, AnswersOkToAMessage)
     EXPECT_EQ(AnswerOfTheDefault(0), MYDB_ANSWER_OK);
 }
 
+TEST(DefaultUserInterface, GoesOnWithACleanupUnlessTheHostSaysNo)
+{
+    Silent own;
+    for (const unsigned long filesLeft : {0UL, 1UL, 4294967295UL}) {
+        EXPECT_TRUE(connection::UserInterface().ContinueCleanup(filesLeft));
+        EXPECT_TRUE(own.ContinueCleanup(filesLeft));
+    }
+}
+
 TEST(DefaultUserInterface, AnswersNoToAQuestion)
 {
     EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_QUESTION_YESNO), MYDB_ANSWER_NO);
