@@ -58,44 +58,148 @@ public:
 
     // ---- Editing ----------------------------------------------------------------------------------------------------
 
+    // A bracket around one row or more: AppendStart or ModifyStart opens it, the setters collect values, AppendEnd or
+    // ModifyEnd sends one INSERT, UPDATE or DELETE over the bound connection, also while this record set streams.
+    //
+    //     records.AppendStart();                                records.ModifyStart(CMyKey("ID", 7, "="));
+    //     records.SetFieldText("NAME", "O'Neil");               records.SetFieldLong("AGE", 41);
+    //     if (!records.AppendEnd()) ... GetModifyErrorMessage   if (!records.ModifyEnd()) ... GetModifyErrorMessage
+    //
+    // The rows selected are not read again; a caller that needs the new row selects it. Until they are discarded the
+    // getters show the values set in place of those of the current row. Starting, moving, selecting and closing discard
+    // them; the Ends do not.
+    //
+    // A statement is sent whole or not at all. A value that could not be kept (no memory, or nobody to escape it
+    // because the connection is closed and cannot be opened) makes its setter false, and then no End sends a statement
+    // until the values have been discarded. Not sent either: a statement that holds a zero byte, at which it would end,
+    // and one of a table whose name could swallow what follows it.
+    //
+    // Audit columns: where the table has the columns ERFASST and ERF_TIME, an INSERT sets them to user and local time,
+    // as an UPDATE sets MUTATOR and MUT_TIME. Kept: they replace values that the caller has set, and when the table has
+    // only one of the two neither is set. The columns are those in the table cache; a table that is not there is loaded
+    // (two round trips), one that cannot be loaded is written without them.
+
+    // The first two are called through their slots, so that a derived class can replace them.
+
+    /// Closes the bracket and deletes (after DeleteRec) or updates the rows that the condition names:
+    /// "DELETE FROM table WHERE(condition)", "UPDATE table SET `table`.`COLUMN` = value, ... WHERE (condition)". One
+    /// round trip; a lost connection is opened again as by CMyDatabase::ExecuteQuery, with the same promise.
+    ///
+    /// True: a row was deleted, or one was found by the update. Kept: an update that finds rows and changes nothing
+    /// in them succeeds.
+    ///
+    /// False: no condition, no table, or nothing to write (nothing is sent, no message); no such row (the message is
+    /// the query info); the statement failed or was not sent. The state is MODIFY_NONE in every case. Kept: changes
+    /// and condition stay, so that a second call sends them again, after a delete as an update.
     virtual bool ModifyEnd();
+
+    /// Closes the bracket and inserts one row: "INSERT INTO table SET `table`.`COLUMN` = value, ...". Round trips,
+    /// results, state and what stays as with ModifyEnd; true when a row was inserted.
+    ///
+    /// Table names are not quoted in any of the three statements but in the assignments: one that is a reserved word
+    /// or holds blanks is refused by the server (1064). Names with quotes, backticks or the beginning of a comment, and
+    /// for a DELETE all that are not plain names, are refused here (1103). Backticks in column names are doubled.
     virtual bool AppendEnd();
 
+    /// Opens the bracket for a new row. Condition and values so far are discarded. False, with the state as before,
+    /// when no table is bound.
     bool AppendStart();
+
+    /// Opens the bracket for the rows that meet a condition, sent as it is; values so far are discarded. The state is
+    /// MODIFY_EDIT afterwards in any case. False when the condition is empty: ModifyEnd then sends nothing.
+    ///
+    /// Kept: a key gives a text also when it does not fit the table (CMyKey::CreateClause), and the result is true;
+    /// the server refuses the statement.
     bool ModifyStart(const CMyKey& key);
     bool ModifyStart(const UtCString& where);
+
+    /// Opens the bracket with the conditions of GetPrimaryKey; false, and nothing changes, when that is false. Kept:
+    /// they do not name the current row but the rows whose key is TRUE, which for numbers is 1. To change the current
+    /// row build a CMyKey of its values.
     bool ModifyStart();
+
+    /// Fills `key` with one condition for each column of the table's primary key, in the order of the table. Kept: the
+    /// condition compares with TRUE when the current row has a value for the column (pending changes do not count) and
+    /// with FALSE when it is NULL or there is no row: the presence of the value, not the value itself.
+    ///
+    /// False: the table is unknown or has no primary key, or there is no memory (the key is empty); a key column is not
+    /// in the result (the conditions before it stay in `key`).
     bool GetPrimaryKey(CMyKey& key) const;
+
+    /// Marks the rows of a bracket that ModifyStart has opened for deletion by ModifyEnd. False, and nothing changes,
+    /// in any other state; false also, with the state MODIFY_DELETE, when there is no condition or no table.
     bool DeleteRec();
 
     eModifyStates GetModifyState() const noexcept { return m_modifyState; }
     bool IsAppendOrModifyStarted() const noexcept { return m_modifyState != MODIFY_NONE; }
-    bool IsDeleted() const noexcept { return m_modifyState == MODIFY_DELETE; }
-    // KEPT K-97: true also for a list that has become empty.
+    bool IsDeleted() const noexcept { return m_modifyState == MODIFY_DELETE; } ///< marked, not yet deleted
+
+    /// Whether a value has been set since they were last discarded. KEPT K-97: true also when all have been removed.
     bool IsRecordModified() const noexcept { return m_pendingChanges != nullptr; }
+
+    /// The rows that the last End inserted, deleted or (update) found, at most 2147483647; 0 when it failed.
     long GetModifyErrorCode() const noexcept { return m_errorCode; }
+
+    /// What the last End has to say: CMyDatabase::GetQueryInfo after a success, otherwise the server's error, number in
+    /// front ("1062: Duplicate entry ..."), "2008: Out of memory", or the reason why nothing was sent; "" when there
+    /// was nothing to send. Valid until the next End.
     const UtCString& GetModifyErrorMessage() const noexcept { return m_errorMessage; }
 
-    void EnableAutoUserAndTimeStamp(bool enable) noexcept { m_autoUserAndTimeStamp = enable; }
+    void EnableAutoUserAndTimeStamp(bool enable) noexcept { m_autoUserAndTimeStamp = enable; } ///< at first they are on
     bool IsAutoUserAndTimeStampEnabled() const noexcept { return m_autoUserAndTimeStamp; }
 
+    /// Discards the value of one column, named in any letter case. False when none has been set.
     bool RemoveFieldInSetList(const UtCString& field);
 
-    bool SetFieldValue(const UtCString& field, const UtCString& value);
-    bool SetFieldBool(const UtCString& field, bool value);
+    // The setters. A column is named in any letter case; setting it again replaces its value at its place. No setter
+    // looks at what the column is (but SetFieldNull): its own kind decides how the value stands in the statement. Texts
+    // and dates stand between apostrophes, escaped by the client where they hold a carriage return, line feed, tab,
+    // apostrophe, backslash or zero byte; an empty one is ''. Numbers stand bare.
+    //
+    // What is set comes back byte for byte, with two limits. Texts are converted to the character set in which the
+    // server sends the column, and to that of the connection's settings: what these lack becomes "?" (a text for a
+    // BINARY column goes through Windows-1252; use SetFieldBlob). With sql_mode NO_BACKSLASH_ESCAPES a value with a
+    // zero byte cannot be sent: its End is false.
+    //
+    // True: the value is set. False: the name is empty (nothing happens), or the value could not be kept, see above. A
+    // value to be escaped opens a closed connection; the first text loads a table that is not in the cache.
+    //
+    // Kept: the value "null" in any letter case means SQL NULL, whatever the setter. The getters show it as the text.
+
+    bool SetFieldValue(const UtCString& field, const UtCString& value); ///< the same as SetFieldText
+    bool SetFieldText(const UtCString& field, const UtCString& value);
+
+    bool SetFieldBool(const UtCString& field, bool value); ///< 0 or 1
     bool SetFieldByte(const UtCString& field, unsigned char value);
     bool SetFieldShort(const UtCString& field, short value);
-    bool SetFieldWord(const UtCString& field, unsigned short value);
-    bool SetFieldLong(const UtCString& field, long value);
+    bool SetFieldWord(const UtCString& field, unsigned short value); ///< Kept: above 32767 negative; use SetFieldLong
+    bool SetFieldLong(const UtCString& field, long value);           ///< the low 32 bits
+    /// The low 32 bits. Kept: values above 2147483647 are sent negative, 3000000000 as -1294967296; use SetFieldInt64.
     bool SetFieldDWord(const UtCString& field, unsigned long value);
     bool SetFieldInt64(const UtCString& field, __int64 value);
+    /// Eight decimals, so that magnitudes below 0.000000005 become 0. For what is no finite number see SetFieldDouble.
     bool SetFieldFloat(const UtCString& field, float value);
+    /// The shortest text that reads back as the same number. Infinity and not-a-number can be set, but the server
+    /// refuses the statement (1064): they never become 0 or NULL.
     bool SetFieldDouble(const UtCString& field, double value);
-    bool SetFieldText(const UtCString& field, const UtCString& value);
-    bool SetFieldBlob(const UtCString& field, const CByteArray& value);
+
+    /// "2024-03-05" when the value has no time of day, else "2024-03-05 14:07:09"; a time alone has the date
+    /// 1899-12-30. Kept: a value that is null or not valid is written as '', which a server in strict mode refuses for
+    /// a date column (1292) and otherwise stores as the zero date. Use SetFieldNull for those.
     bool SetFieldDate(const UtCString& field, const CDateTime& value);
+
+    /// "{6b29fc40-ca47-1067-b31d-00dd010662da}"; '' for the all-zero GUID.
     bool SetFieldGUID(const UtCString& field, _GUID value);
+
+    /// The bytes as they are; '' for an empty array.
+    bool SetFieldBlob(const UtCString& field, const CByteArray& value);
+
+    /// SQL NULL. Kept: for a column that the table cache knows as NOT NULL it is '', which a server in strict mode
+    /// refuses for date and number columns (1292, 1366).
     bool SetFieldNull(const UtCString& field);
+
+    /// An SQL expression, sent as it is ("AGE + 1"). Kept: nothing in it is checked; never pass what a person typed. An
+    /// empty one makes a statement that the server refuses. The getters show its text.
     bool SetFieldOperation(const UtCString& field, const UtCString& expression);
 
     // ---- Looking up -------------------------------------------------------------------------------------------------
@@ -273,7 +377,7 @@ public:
 
     bool IsOpen() const noexcept { return m_result != nullptr; } ///< there is a result, with or without rows
 
-    /// The text of the last statement sent for this record set, also when it failed; Close keeps it.
+    /// The text of the last statement of a select, also when it failed; Close and the edit bracket keep it.
     const UtCString& GetLastSQLCommand() const noexcept { return m_lastSQLCommand; }
     unsigned long GetQueryTime() const noexcept { return m_queryTime; } ///< of the last select, in milliseconds
 
@@ -460,14 +564,27 @@ protected:
     void String2CDateTime(const UtCString& text, CDateTime& dateTime) const;
 
     /// Enters a change of a column into the pending changes, or replaces the one of the same `column` (compared
-    /// exactly; callers pass upper case) at its place. `sqlValue` is the text for the statement; when it replaces
+    /// exactly; the setters pass upper case) at its place. `sqlValue` is the text for the statement; when it replaces
     /// another one it is converted to the character set of the column, if the current result has it as a text.
-    /// The `length` bytes at `data` are copied; they are what the accessors return. Null `data` reads as NULL.
+    /// The `length` bytes at `data` are copied; they are what the getters return. Null `data` reads as NULL. Without
+    /// memory the change is missing, and no End sends a statement.
     void SaveFieldValue(const UtCString& column, const UtCString& sqlValue, const void* data, unsigned long length);
 
+    /// What the typed setters have in common: `type` decides whether the value stands between apostrophes (text, blob,
+    /// memo, date-time) or bare. Texts and memos are converted to the character set of the column. Results as above.
     bool SetFieldValue(const UtCString& field, const UtCString& value, MYTYPES type);
+
+    /// Sets `length` bytes as they are, escaped and between apostrophes, up to 2147483647 of them; '' for none, NULL
+    /// for a null `data`. Results as above.
     bool SetFieldBuffer(const UtCString& field, const void* data, unsigned long length);
+
+    /// The assignments of the pending changes, "`table`.`COLUMN` = value, ...", in the encoding that `setClause` has
+    /// and in place of what it holds; "" without changes and without memory.
     void CreateSetClause(UtCString& setClause);
+
+    /// Sets the two audit columns of an INSERT (`appending`) or UPDATE: the time, and the user of the connection's
+    /// settings up to the first "_", where there is none up to the first ":". False, with neither set: switched off, no
+    /// connection, or the table does not have both.
     bool SetUserAndTimeStamp(bool appending);
 
 private:

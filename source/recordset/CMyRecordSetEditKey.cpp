@@ -8,6 +8,7 @@
 
 // The rows that the edit bracket changes, named by a key.
 
+// KEPT K-99: a key with an unknown column gives a text too, and only the server refuses that.
 bool CMyRecordSet::ModifyStart(const CMyKey& key)
 {
     return ModifyStart(key.CreateClause(this));
@@ -33,7 +34,7 @@ bool CMyRecordSet::GetPrimaryKey(CMyKey& key) const
         if (!GetFieldNo(field.GetName(), no))
             return false;
         const int before = key.GetFieldCount();
-        // The condition tells whether there is a value, not which.
+        // KEPT K-94: the condition tells whether there is a value, not which.
         key.Add(field.GetName(), GetFieldDataPtr(no) != nullptr, "=");
         if (key.GetFieldCount() == before) { // no memory: fewer conditions would address other rows
             key.Clear();
