@@ -320,7 +320,8 @@ public:
     ///
     /// The report has lines for host and data directory of the settings and for the server's version, an estimate of
     /// the memory that the server uses at most, and the server's own status line with the uptime in words and its
-    /// numbers grouped by "'" (encoding 256, lines end in "\n", except for the last one):
+    /// numbers grouped by "'" (encoding 256, lines end in "\n", except for the last one; the data directory with "\" as
+    /// the settings have it, here with "/"):
     ///
     ///     Server: localhost
     ///     Version: 5.7.44
@@ -334,9 +335,9 @@ public:
     /// gone away", UTF-8), as does every status without the word "Uptime"; GetErrorCode knows nothing of it.
     ///
     /// The estimate is global buffers + (connections * buffers of a connection); a variable that the server does not
-    /// have counts as 0. Kept: the total and its parts are cut to whole megabytes each for itself. Kept: whether a
-    /// server is older than 4.0, which decides about the variables, is asked of the version's text: 10 and later count
-    /// as older, and most of their buffers are missing from the estimate.
+    /// have or that cannot be read, for want of memory too, counts as 0. Kept: the total and its parts are cut to whole
+    /// megabytes each for itself. Kept: whether a server is older than 4.0, which decides about the variables, is asked
+    /// of the version's text: 10 and later count as older, and most of their buffers are missing from the estimate.
     UtCString GetInfo(DB_INFOS what);
 
     /// Writes the rows of a table, or of any statement that gives rows, into a text file that LOAD DATA can read back

@@ -61,6 +61,13 @@ admin::MemoryEstimate EstimateMemory(CMyDatabase& database, const UtCString& ver
     return {globalBytes, bytesPerConnection, database.GetVariableValueInt64(variables.connections)};
 }
 
+/// No memory, other than for a server that does not tell its version.
+bool IsVersionMissing(const CMyDatabase& database, const UtCString& version)
+{
+    const char* const told = mysql_get_server_info(DatabaseAccess::Handle(database));
+    return version.IsEmpty() && told && *told;
+}
+
 UtCString Report(CMyDatabase& database)
 {
     const UtCString line(mysql_stat(DatabaseAccess::Handle(database)), UT_ENCODING_UTF8);
@@ -68,7 +75,7 @@ UtCString Report(CMyDatabase& database)
         return line;
     const std::string status = admin::FormatStatusLine(line.View());
     const UtCString version = database.GetInfo(DB_INFO_VERSION);
-    if (version.IsEmpty()) // no memory; without a version the wrong variables would be asked for
+    if (IsVersionMissing(database, version)) // the wrong variables would be asked for
         return UtCString();
     const admin::MemoryEstimate memory = EstimateMemory(database, version);
     const CMyServer& server = database.GetServer();

@@ -1,85 +1,17 @@
-#include "CMyDatabase.h"
+#include "ServerStatusFixture.h"
 
 #include "connection/DatabaseAccess.h"
-#include "fake_client/FakeClientFixture.h"
-#include "harness/FailurePoints.h"
 #include "harness/MessageRecorder.h"
 
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace {
 
-using fake::Call;
-using fake::Reply;
+using namespace admin_test;
 
-constexpr char statusLine[] =
-    "Uptime: 90061  Threads: 2  Questions: 1234567  Slow queries: 0  Opens: 27  Flush tables: "
-    "1  Open tables: 17  Queries per second avg: 0.934";
-constexpr char formattedStatus[] =
-    "Uptime: 1 day 01 hrs 01 min 01 sec\nThreads: 2  Questions: 1'234'567  Slow queries: 0  Opens: 27  Flush tables: "
-    "1  Open tables: 17  Queries per second avg: 0.934";
-
-CMyServer Server(const char* charset = "")
-{
-    CMyServer server;
-    server.SetHost("db.example");
-    server.SetPort(3306);
-    server.SetUser("tester");
-    server.SetDataDir("C:\\data\\");
-    server.SetCharset(charset);
-    return server;
-}
-
-Reply Variable(const char* name, const char* value)
-{
-    return Reply::Rows({"Variable_name", "Value"}, {{name, value}});
-}
-
-Reply NoVariable()
-{
-    return Reply::Rows({"Variable_name", "Value"}, {});
-}
-
-void ScriptVariable(const std::string& name, const char* value)
-{
-    fake::Client::Get().On("SHOW VARIABLES LIKE '" + name + "'", Variable(name.c_str(), value));
-}
-
-/// The buffers of a connection add up to 3145728 bytes for either generation.
-void ScriptVariables()
-{
-    ScriptVariable("key_buffer_size", "8388608");
-    ScriptVariable("net_buffer_length", "16384");
-    ScriptVariable("myisam_sort_buffer_size", "1048576");
-    ScriptVariable("join_buffer_size", "524288");
-    ScriptVariable("record_buffer", "1048576");
-    ScriptVariable("record_rnd_buffer", "524288");
-    ScriptVariable("sort_buffer_size", "1048576");
-    ScriptVariable("read_buffer_size", "262144");
-    ScriptVariable("read_rnd_buffer_size", "262144");
-    ScriptVariable("max_connections", "100");
-}
-
-class ServerStatus : public fake::ClientFixture
-{
-protected:
-    ServerStatus()
-    {
-        m_client.OnPrefix("SHOW STATUS", NoVariable());
-        m_client.OnPrefix("SHOW VARIABLES", NoVariable());
-        EXPECT_TRUE(m_database.Open(false, ""));
-        m_client.ForgetCalls();
-    }
-    void TearDown() override
-    {
-        m_database.Close();
-        fake::ClientFixture::TearDown();
-    }
-
-    UtCString Info(unsigned int what) { return m_database.GetInfo(static_cast<DB_INFOS>(what)); }
-
-    CMyDatabase m_database{Server(), "shop"};
-};
+using ServerStatus = ServerStatusFixture;
 
 // Variables
 
@@ -253,6 +185,25 @@ TEST_F(ServerStatus, TakesALongName)
     EXPECT_EQ(m_client.Statements().back(), "SHOW STATUS LIKE '" + name + "'");
 }
 
+TEST_F(ServerStatus, NamesTheUnknownVariableInUtf16)
+{
+    const UtCString text = m_database.GetStatusValue(UtCString("ab", UT_ENCODING_UTF16_LE));
+    EXPECT_EQ(text.GetEncodingType(), UT_ENCODING_UTF16_LE);
+    EXPECT_EQ(UtCString(text, UT_ENCODING_DEFAULT).View(), "Variable 'ab' unbekannt!");
+    EXPECT_EQ(m_client.Statements().back(), "SHOW STATUS LIKE 'ab'");
+}
+
+TEST_F(ServerStatus, TakesANameThatIsNoText)
+{
+    EXPECT_EQ(m_database.GetStatusValue("\xFF").View(), "Variable '\xFF' unbekannt!");
+    const UtCString cut(std::string_view("\xE2\x82", 2), UT_ENCODING_UTF8);
+    EXPECT_EQ(m_database.GetStatusValue(cut).View(), "Variable '\xE2\x82' unbekannt!");
+    const UtCString odd(std::string_view("a", 1), UT_ENCODING_UTF16_LE);
+    EXPECT_EQ(m_database.GetStatusValue(odd).View().size(), 2 * 10 + 1 + 2 * 12U);
+    EXPECT_EQ(m_client.Statements().back(), "SHOW STATUS LIKE '?'");
+    EXPECT_EQ(m_database.GetStatusValue(nullptr).View(), "Keine Variable angegeben!");
+}
+
 TEST_F(ServerStatus, SendsNothingMeaningfulInUtf16)
 {
     m_database.GetServer().SetCharset("utf16le");
@@ -345,112 +296,6 @@ TEST_F(ServerStatus, TellsWhatItKnowsOfALostConnection)
     EXPECT_EQ(Info(3).View(), "127.0.0.1 via TCP/IP, NOT compressed");
 }
 
-// The report
-
-TEST_F(ServerStatus, ReportsTheServer)
-{
-    m_client.SetStat(statusLine);
-    m_client.SetServerInfo("5.7.44");
-    ScriptVariables();
-    EXPECT_EQ(Info(0).View(), std::string("Server: db.example\nVersion: 5.7.44\nDataDir: C:\\data\\\n"
-                                          "Max. Memory: 308 MB = 8 MB + (100 * 3 MB)\n") +
-                                  formattedStatus);
-}
-
-TEST_F(ServerStatus, AsksForTheVariablesOfANewerServer)
-{
-    m_client.SetServerInfo("4.0.1");
-    Info(0);
-    EXPECT_EQ(m_client.Statements(),
-              (std::vector<std::string>{
-                  "SHOW VARIABLES LIKE 'key_buffer_size'", "SHOW VARIABLES LIKE 'net_buffer_length'",
-                  "SHOW VARIABLES LIKE 'sort_buffer_size'", "SHOW VARIABLES LIKE 'myisam_sort_buffer_size'",
-                  "SHOW VARIABLES LIKE 'join_buffer_size'", "SHOW VARIABLES LIKE 'read_buffer_size'",
-                  "SHOW VARIABLES LIKE 'read_rnd_buffer_size'", "SHOW VARIABLES LIKE 'max_connections'"}));
-}
-
-TEST_F(ServerStatus, AsksForTheVariablesOfAnOlderServer)
-{
-    m_client.SetServerInfo("3.23.58");
-    Info(0);
-    EXPECT_EQ(
-        m_client.Statements(),
-        (std::vector<std::string>{"SHOW VARIABLES LIKE 'key_buffer_size'", "SHOW VARIABLES LIKE 'net_buffer_length'",
-                                  "SHOW VARIABLES LIKE 'myisam_sort_buffer_size'",
-                                  "SHOW VARIABLES LIKE 'record_buffer'", "SHOW VARIABLES LIKE 'join_buffer_size'",
-                                  "SHOW VARIABLES LIKE 'record_rnd_buffer'", "SHOW VARIABLES LIKE 'max_connections'"}));
-}
-
-TEST_F(ServerStatus, CountsMissingAndUnreadableVariablesAsZero)
-{
-    m_client.SetStat("Uptime: 1");
-    m_client.SetServerInfo("5.7.44");
-    ScriptVariables();
-    m_client.On("SHOW VARIABLES LIKE 'key_buffer_size'", NoVariable());
-    ScriptVariable("sort_buffer_size", "much");
-    m_client.On("SHOW VARIABLES LIKE 'myisam_sort_buffer_size'", Reply::Error(1142));
-    EXPECT_EQ(Info(0).View(), "Server: db.example\nVersion: 5.7.44\nDataDir: C:\\data\\\n"
-                              "Max. Memory: 100 MB = 0 MB + (100 * 1 MB)\nUptime: 00 hrs 00 min 01 sec\n");
-}
-
-TEST_F(ServerStatus, ReportsWithoutAnyVariable)
-{
-    m_client.SetStat("Uptime: 1");
-    m_client.SetServerInfo("5.7.44");
-    EXPECT_EQ(Info(0).View(), "Server: db.example\nVersion: 5.7.44\nDataDir: C:\\data\\\n"
-                              "Max. Memory: 0 MB = 0 MB + (0 * 0 MB)\nUptime: 00 hrs 00 min 01 sec\n");
-}
-
-TEST_F(ServerStatus, ReportsHugeVariables)
-{
-    m_client.SetStat("Uptime: 1");
-    m_client.SetServerInfo("5.7.44");
-    ScriptVariable("key_buffer_size", "9223372036854775807");
-    ScriptVariable("net_buffer_length", "9223372036854775807");
-    ScriptVariable("max_connections", "9223372036854775807");
-    EXPECT_EQ(Info(0).View(), "Server: db.example\nVersion: 5.7.44\nDataDir: C:\\data\\\n"
-                              "Max. Memory: 0 MB = 0 MB + (9223372036854775807 * 0 MB)\n"
-                              "Uptime: 00 hrs 00 min 01 sec\n");
-}
-
-TEST_F(ServerStatus, GivesAnErrorTextInPlaceOfTheReport)
-{
-    m_client.FailNext(Call::Stat, 2006, "Server has gone away 12345");
-    const UtCString text = Info(0);
-    EXPECT_EQ(text.View(), "Server has gone away 12345");
-    EXPECT_EQ(text.GetEncodingType(), UT_ENCODING_UTF8);
-    EXPECT_TRUE(m_client.Statements().empty());
-    EXPECT_EQ(m_database.GetErrorCode(), 0U);
-}
-
-TEST_F(ServerStatus, GivesALineWithoutUptimeAsItIs)
-{
-    for (const char* line : {"", "uptime: 1000  \n  Threads: 2000", "1234567", "Up time: 1000"}) {
-        m_client.SetStat(line);
-        EXPECT_EQ(Info(0).View(), line);
-    }
-    EXPECT_TRUE(m_client.Statements().empty());
-}
-
-TEST_F(ServerStatus, ReportsWhatStandsWhereverTheWordUptimeIs)
-{
-    m_client.SetStat("no Uptime today");
-    EXPECT_TRUE(std::string(Info(0).View()).ends_with("(0 * 0 MB)\nno Uptime today"));
-}
-
-TEST_F(ServerStatus, ReportsAServerThatGoesAwayMeanwhile)
-{
-    m_client.SetStat("Uptime: 1");
-    ScriptVariables();
-    m_client.SetStatementObserver([this](const std::string&) {
-        m_client.FailAlways(Call::Ping, 2006);
-        m_client.FailAlways(Call::Connect, 2002);
-    });
-    EXPECT_EQ(Info(0).View(), "Server: db.example\nVersion: 10.11.19-MariaDB\nDataDir: C:\\data\\\n"
-                              "Max. Memory: 8 MB = 8 MB + (0 * 0 MB)\nUptime: 00 hrs 00 min 01 sec\n");
-    EXPECT_FALSE(m_database.IsConnected());
-}
-
 class ThrowingDatabase : public CMyDatabase
 {
 public:
@@ -468,22 +313,6 @@ TEST_F(ServerStatus, LetsNoExceptionOfADerivedClassOut)
 }
 
 // Failures
-
-void PrepareServer()
-{
-    fake::Client& client = fake::Client::Get();
-    client.SetStat(statusLine);
-    client.SetServerInfo("5.7.44");
-    ScriptVariables();
-    client.On("SHOW STATUS LIKE 'Uptime'", Variable("Uptime", "90061"));
-}
-
-void ExpectUsable(CMyDatabase& database)
-{
-    EXPECT_EQ(database.GetStatusValue("Uptime"), "90061");
-    EXPECT_EQ(database.GetVariableValueInt64("max_connections"), 100);
-    EXPECT_EQ(database.GetInfo(DB_INFO_SERVER_VERSION), "5.7.44");
-}
 
 TEST(ServerStatusFailures, OfAVariable)
 {
@@ -505,30 +334,6 @@ TEST(ServerStatusFailures, OfAVariable)
         ExpectUsable(database);
     });
     EXPECT_GE(points, 8U);
-}
-
-TEST(ServerStatusFailures, OfTheReport)
-{
-    const size_t points = harness::ForEachFailurePoint(PrepareServer, [](harness::FailureRun& run) {
-        CMyDatabase database(Server(), "shop");
-        const bool isOpen = database.Open(false, "");
-        const std::string report(database.GetInfo(DB_INFO_REPORT).View());
-        if (!isOpen) {
-            EXPECT_EQ(report, "Not connected");
-        } else if (run.Failed(Call::Stat)) {
-            EXPECT_EQ(report.find("Uptime"), std::string::npos);
-            EXPECT_NE(report, "");
-        } else {
-            EXPECT_TRUE(report.starts_with("Server: db.example\nVersion: 5.7.44\nDataDir: C:\\data\\\nMax. Memory: "));
-            EXPECT_TRUE(report.ends_with(formattedStatus));
-        }
-        if (!run.Failed()) {
-            EXPECT_NE(report.find("308 MB = 8 MB + (100 * 3 MB)"), std::string::npos);
-        }
-        run.EndOfWork();
-        ExpectUsable(database);
-    });
-    EXPECT_GE(points, 25U) << "a ping, a statement and its result for each of eight variables";
 }
 
 } // namespace

@@ -107,6 +107,7 @@ constexpr Row lines[] = {
     {"BlanksBehindTheUptime", "Uptime: 1     Threads: 2", "Uptime: 00 hrs 00 min 01 sec\nThreads: 2"},
     {"NoBlankBehindTheUptime", "Uptime: 1,Threads: 2", "Uptime: 00 hrs 00 min 01 sec\n,Threads: 2"},
     {"BlanksAroundLineFeedsOfTheServer", " a  \n \n  b 1 \n ", " a\n\nb 00 hrs 00 min 01 sec\n\n"},
+    {"NothingBeforeALineFeedOfTheServer", "  \n1", "\n00 hrs 00 min 01 sec\n"},
     {"TabsStay", "1\tb\n\tc", "00 hrs 00 min 01 sec\n\tb\n\tc"},
     {"PointsThatAreNoDecimalPoints", "1. 2. .3 4.5.6", "00 hrs 00 min 01 sec\n. 2. .3 4.5.6"},
     {"PointBehindANumber", "0 1234. x", "00 hrs 00 min 00 sec\n1'234. x"},
