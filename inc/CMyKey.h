@@ -28,6 +28,7 @@ class CMyRecordSet;
 ///   double quotes in it are escaped with backslashes. The escaping does not know the connection (K-86): in the mode
 ///   NO_BACKSLASH_ESCAPES, and in the character sets gbk, big5, cp932, sjis and gb18030, it protects nothing. Escape
 ///   there with CMyDatabase::MakeEscapeString and write the condition yourself.
+/// - A zero byte in a value ends the statement there, and the server refuses it (error 1064).
 /// - A value for a column of another type is written as it is (K-85): "0) OR (1=1" for a number column addresses all
 ///   rows. Add numbers as numbers, or check the text.
 /// - Operators are written as they are. They come from the program, never from a user.
