@@ -84,10 +84,13 @@ TEST_F(StartUp, ShowsTheAliasOfInvalidSettings)
 TEST_F(StartUp, AnEmptyPathIsShownAndKeepsTheSettings)
 {
     m_server.SetAlias("Alt");
+    m_server.SetHost("db.example");
+    m_server.SetPort(3307);
     EXPECT_FALSE(m_server.ConnectApplicationToServer("", "", "%s|%s|%s", ""));
     ASSERT_EQ(m_messages.Messages().size(), 1U);
     EXPECT_EQ(m_messages.Messages()[0].text, "0||Alt");
-    EXPECT_EQ(m_server.GetUser(), "vela_root");
+    EXPECT_TRUE(m_server.IsValid());
+    EXPECT_TRUE(m_client.Connects().empty()) << "what was loaded before plays no part";
 }
 
 TEST_F(StartUp, ShowsAFailedConnectionInOneBox)
