@@ -2,7 +2,7 @@
 
 #include "CMyDatabase.h"
 #include "CMyRecordSet.h"
-#include "ScanTable.h"
+#include "Connection.h"
 
 #include <charconv>
 #include <cstdint>
@@ -178,17 +178,6 @@ inline Sum PlainOneRow(const Access& access, unsigned long selects)
 }
 
 // ---- The library ----------------------------------------------------------------------------------------------------
-
-inline CMyServer Server(const Access& access)
-{
-    CMyServer server;
-    server.SetHost(access.host.c_str());
-    server.SetPort(access.port);
-    server.SetUser(access.user.c_str());
-    server.SetPassword(access.password.c_str());
-    server.SetCharset("utf8mb4");
-    return server;
-}
 
 /// Reads a record with the columns given by position or by name.
 template <class Columns> void ReadLibrary(const CMyRecordSet& records, Record<UtCString>& record)

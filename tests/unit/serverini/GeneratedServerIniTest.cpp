@@ -8,6 +8,8 @@
 #include <random>
 #include <vector>
 
+#include <unistd.h>
+
 // Files that nobody wrote by hand. Each is built together with what it must give: the values are put into the file,
 // never read out of it.
 
@@ -255,6 +257,66 @@ Generated Utf16HighByteFirst(Random& random)
     return {Utf16("[SQL-Server]\r\nPort=" + std::to_string(random()) + "\r\n", false), {}};
 }
 
+/// What stands behind the "=", and the value that it is.
+struct QuotedValue
+{
+    const char* written;
+    const char* value;
+};
+
+const QuotedValue& RandomQuotedValue(Random& random)
+{
+    static const QuotedValue values[] = {
+        {"\"db\"", "db"},
+        {"'db'", "db"},
+        {"\"\"db\"\"", "\"db\""},
+        {"'\"db\"'", "\"db\""},
+        {"\"db'", "\"db'"},
+        {"'db\"", "'db\""},
+        {"\"db", "\"db"},
+        {"db\"", "db\""},
+        {"O'Brien", "O'Brien"},
+        {"\"a\" b", "\"a\" b"},
+        {"\" db \"", " db "},
+        {"'\tdb'", "\tdb"},
+        {"\"", "\""},
+        {"'", "'"},
+        {"\"\"", ""},
+        {"' '", " "},
+        {"\"a\"b\"", "a\"b"},
+        {"a\"b", "a\"b"},
+        {"`db`", "`db`"},
+        {"\"db\";x", "\"db\";x"},
+        {"\"it's; 'q'\"", "it's; 'q'"},
+    };
+    return values[Below(random, std::size(values))];
+}
+
+Generated QuotesInValues(Random& random)
+{
+    const QuotedValue& host = RandomQuotedValue(random);
+    const QuotedValue& user = RandomQuotedValue(random);
+    const QuotedValue& programs = RandomQuotedValue(random);
+    const unsigned long port = 1 + Below(random, 65535);
+    return {HeaderLine(random, "SQL-Server") + "Server= " + host.written + " \r\nUser=" + user.written +
+                "\nServerDir=\t" + programs.written + "\r\nPort=\"" + std::to_string(port) + "\"",
+            {host.value, user.value, programs.value, port}};
+}
+
+/// Names in quotes are other names, and a quoted header is no header.
+Generated QuotesInNames(Random& random)
+{
+    const Expected expected = RandomExpected(random);
+    std::string bytes = "[\"SQL-Server\"]\nPort=1\n'[SQL-Server]'\nPort=2\n['SQL-Server']\nPort=3\n";
+    bytes += HeaderLine(random, "SQL-Server");
+    for (const Entry& entry : EntriesOf(expected)) {
+        for (const char* const quote : {"\"", "'", "`"})
+            bytes += quote + entry.key + quote + "=1\n";
+        bytes += EntryLine(random, entry);
+    }
+    return {bytes, expected};
+}
+
 using Generator = Generated (*)(Random&);
 
 struct Kind
@@ -277,6 +339,8 @@ const Kind kinds[] = {
     {"Utf8Mark", Utf8Mark, 100},
     {"Utf16LowByteFirst", Utf16LowByteFirst, 100},
     {"Utf16HighByteFirst", Utf16HighByteFirst, 50},
+    {"QuotesInValues", QuotesInValues, 200},
+    {"QuotesInNames", QuotesInNames, 100},
 };
 
 void ExpectLoaded(const std::string& path, const Expected& expected)
@@ -310,6 +374,41 @@ TEST_P(GeneratedServerIni, GivesItsDefinedResult)
 
 INSTANTIATE_TEST_SUITE_P(Kinds, GeneratedServerIni, testing::ValuesIn(kinds),
                          [](const auto& row) { return row.param.name; });
+
+std::string RandomIniName(Random& random)
+{
+    return "it's \"" + RandomCase(random, "settings") + "\" " + std::to_string(random()) + RandomCase(random, ".ini");
+}
+
+TEST(UnusableServerIni, AFolderInPlaceOfTheFileIsNoFile)
+{
+    const IniFolder folder;
+    Random random(20240229);
+    for (int index = 0; index < 50; ++index) {
+        const std::string path = folder.PathOf(RandomIniName(random));
+        std::filesystem::create_directory(path);
+        CMyServer server;
+        ASSERT_FALSE(server.LoadServerINI(path.c_str())) << path;
+        ASSERT_TRUE(server.GetHost().IsEmpty() && server.GetUser().IsEmpty() && server.GetAlias().IsEmpty()) << path;
+        ASSERT_TRUE(server.GetServerINIFileName().IsEmpty()) << path;
+    }
+}
+
+TEST(UnusableServerIni, AFileThatCannotBeReadGivesTheDefaults)
+{
+    const IniFolder folder;
+    Random random(20240229);
+    std::vector<std::string> paths;
+    for (int index = 0; index < 50; ++index) {
+        paths.push_back(folder.Write(WellFormed(random).bytes, RandomIniName(random)));
+        std::filesystem::permissions(paths.back(), std::filesystem::perms::none);
+    }
+    const bool isRoot = geteuid() == 0; // whom the permissions do not stop
+    ASSERT_TRUE(!isRoot || seteuid(65534) == 0);
+    for (const std::string& path : paths)
+        ExpectLoaded(path, {});
+    ASSERT_TRUE(!isRoot || seteuid(0) == 0);
+}
 
 TEST(HugeServerIni, ALineOfTenMegabytesIsRead)
 {

@@ -31,6 +31,14 @@ protected:
         Collect(database.GetQueryInfo());
     }
 
+    /// Everything that the settings tell except the password itself.
+    void CollectSettings(const CMyServer& server)
+    {
+        for (const UtCString& text : {server.GetHost(), server.GetAlias(), server.GetUser(), server.GetCharset(),
+                                      server.GetDataDir(), server.GetMySQLProgramDir(), server.GetServerINIFileName()})
+            Collect(text);
+    }
+
     void TearDown() override
     {
         for (const harness::MessageRecorder::Message& message : m_messages.Messages())
@@ -64,6 +72,97 @@ TEST_F(PasswordSecrecy, OfAFailedConnectionTest)
     EXPECT_FALSE(TestConnection(m_path.c_str(), 1));
     Collect(message);
     EXPECT_FALSE(m_messages.Messages().empty());
+}
+
+TEST_F(PasswordSecrecy, OfASuccessfulConnectionTest)
+{
+    unsigned long code = 1;
+    UtCString message;
+    EXPECT_TRUE(m_server.TestConnect(true, &code, &message));
+    EXPECT_TRUE(TestConnection(m_path.c_str(), 1));
+    Collect(message);
+}
+
+TEST_F(PasswordSecrecy, OfLoading)
+{
+    for (const char* const more : {"", "Port=0\n", "Server=\n"}) {
+        CMyServer server;
+        server.LoadServerINI(
+            m_folder.Write(std::string("[SQL-Server]\n") + more + "Port=1\nPassword=" + storedCanary, "b.ini").c_str());
+        EXPECT_EQ(server.GetPassword(), canary);
+        CollectSettings(server);
+    }
+    CMyServer half;
+    half.LoadServerINI(
+        m_folder.Write("[SQL-Server]\nPort=1\nPassword=" + std::string(storedCanary).substr(0, 63)).c_str());
+    EXPECT_EQ(half.GetPassword(), "");
+    CollectSettings(half);
+    EXPECT_FALSE(half.LoadServerINI(m_folder.PathOf("none").c_str()));
+    CollectSettings(half);
+    m_server.TestConnect(false, nullptr, nullptr);
+}
+
+TEST_F(PasswordSecrecy, OfAFailedAndASuccessfulOpen)
+{
+    CMyDatabase database(m_server, "kalk");
+    m_client.FailNext(fake::Call::Connect, 1045);
+    EXPECT_FALSE(database.Open(true, ""));
+    Collect(database);
+    EXPECT_TRUE(database.Open(true, ""));
+    Collect(database);
+    m_client.LoseConnection();
+    m_client.FailAlways(fake::Call::Connect, 2002);
+    EXPECT_EQ(database.ExecuteQuery("SELECT 1", true, nullptr, false), -1);
+    Collect(database);
+    EXPECT_FALSE(m_messages.Messages().empty());
+}
+
+TEST_F(PasswordSecrecy, OfTheStartOfAnApplication)
+{
+    const UtCString format("%s %s %s %s %s");
+    CMyServer server;
+    const auto start = [&] { return server.ConnectApplicationToServer(m_path.c_str(), format, format, format); };
+    EXPECT_FALSE(start()) << "there is no data directory";
+    CollectSettings(server);
+    m_client.FailNext(fake::Call::Connect, 1045);
+    EXPECT_FALSE(start());
+    for (const char* const name : {"", "/dbs", "/mdbs", "/temp"})
+        std::filesystem::create_directory(m_folder.PathOf("data") + name);
+    m_folder.Write("[SQL-Server]\nPort=3306\nUser=kim\nDataDir=" + m_folder.PathOf("data") +
+                   "\nPassword=" + storedCanary);
+    EXPECT_TRUE(start());
+    EXPECT_FALSE(server.ConnectApplicationToServer(m_folder.PathOf("none").c_str(), format, format, format));
+    EXPECT_EQ(m_messages.Messages().size(), 3U);
+}
+
+TEST_F(PasswordSecrecy, OfTheLock)
+{
+    CMyDatabase database(m_server, "kalk");
+    m_client.OnPrefix("SELECT GET_LOCK", fake::Reply::Error(1064));
+    database.LockDatabase(1);
+    Collect(database);
+    database.IsDatabaseLocked();
+    database.UnLockDatabase();
+    Collect(database);
+}
+
+TEST_F(PasswordSecrecy, OfASuccessfulUserCount)
+{
+    CMyDatabase database(m_server, "kalk");
+    m_client.On("SHOW PROCESSLIST", fake::Reply::Rows({"User", "db"}, {{"lea", "kalk"}}));
+    EXPECT_EQ(database.CountUsersOnThisDatabase(true), 1);
+    Collect(database);
+    m_client.FailNext(fake::Call::Connect, 1045);
+    EXPECT_EQ(database.CountUsersOnThisDatabase(true), 0);
+    Collect(database);
+}
+
+TEST_F(PasswordSecrecy, OfTheStatus)
+{
+    CMyDatabase database(m_server, "kalk");
+    ASSERT_TRUE(database.Open(false, ""));
+    for (const DB_INFOS what : {DB_INFO_REPORT, DB_INFO_SERVER_VERSION, DB_INFO_CLIENT_VERSION, DB_INFO_HOST})
+        Collect(database.GetInfo(what));
 }
 
 TEST_F(PasswordSecrecy, OfAFailedStatement)
