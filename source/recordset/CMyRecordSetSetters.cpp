@@ -7,6 +7,7 @@
 #include "metadata/TableCache.h"
 #include "recordset/PendingChanges.h"
 #include "recordset/ResultColumns.h"
+#include "sql/KeyValue.h"
 #include "sql/ValueText.h"
 
 #include <cstdint>
@@ -197,7 +198,7 @@ bool CMyRecordSet::SetFieldGUID(const UtCString& field, _GUID value)
 {
     if (value == _GUID{})
         return SetFieldValue(field, UtCString(), MYTYPE_TEXT);
-    return SetFieldRendered(field, connection::Guarded(UtCString(), [&] { return sql::GuidText(value); }), MYTYPE_TEXT);
+    return SetFieldRendered(field, sql::KeyValue(value), MYTYPE_TEXT);
 }
 
 bool CMyRecordSet::SetFieldNull(const UtCString& field)

@@ -4,7 +4,6 @@
 #include "text/TextSearch.h"
 
 #include <cmath>
-#include <string>
 
 namespace sql {
 namespace {
@@ -64,13 +63,6 @@ UtCString FloatText(float value, eUtEncodingType encoding)
 {
     constexpr int decimals = 8;
     return WithRefusal(UtCString(static_cast<double>(value), decimals, encoding), static_cast<double>(value));
-}
-
-UtCString GuidText(const _GUID& guid)
-{
-    UtCString text(platform::GuidToText(guid), UT_ENCODING_DEFAULT);
-    text.Enclose("{", "}");
-    return text;
 }
 
 UtCString StampUser(const UtCString& user)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "MyDbTypes.h"
-#include "framework/Guid.h"
 #include "text/UtCString.h"
 
 /// Values as they stand in a statement. Where memory runs out a text is empty.
@@ -26,9 +25,6 @@ UtCString DoubleText(double value);
 
 /// The number with eight decimals, in an encoding; otherwise as DoubleText.
 UtCString FloatText(float value, eUtEncodingType encoding);
-
-/// The lower-case digits of a GUID in groups, between braces. Throws std::bad_alloc.
-UtCString GuidText(const _GUID& guid);
 
 /// The part of a user's name that stamps carry: up to the first "_", without one up to the first ":", else the whole.
 UtCString StampUser(const UtCString& user);
