@@ -6,6 +6,8 @@
 #                          times: tables of seconds, processor seconds and ratios
 #   bench.sh --edit [--statements N] [--runs N]
 #                          the same of writing alone
+#   bench.sh --bulk [--rows N] [--runs N]
+#                          the same of dumping a table and copying a database
 #   bench.sh --instructions [--edit]
 #                          instructions per row, select and statement, counted by valgrind: the same on every run; of
 #                          the texts that are built also the allocations
@@ -19,6 +21,7 @@ source scripts/setup.sh
 
 scan=build/release/benchmarks/benchmark_scan
 edit=build/release/benchmarks/benchmark_edit
+bulk=build/release/benchmarks/benchmark_bulk
 
 # scan_loop and edit_loop LOOP TIMES: the command that runs one loop once.
 scan_loop() {
@@ -90,6 +93,7 @@ if [ "${1:-}" = --within ]; then
     times) "$scan" "${@:3}" ;;
     one-row) "$scan" --one-row "${@:3}" ;;
     edit) "$edit" "${@:3}" ;;
+    bulk) "$bulk" "${@:3}" ;;
     esac
     exit
 fi
@@ -115,6 +119,10 @@ case ${1:-} in
     within memory
     ;;
 --edit) measure_edits "${@:2}" ;;
+--bulk)
+    say "Dumping and copying"
+    within bulk "${@:2}"
+    ;;
 *)
     say "Scans"
     within times "$@"

@@ -1,0 +1,108 @@
+// How long it takes to dump a table and to copy a database: the same work through the plain C client and through the
+// library, in one program.
+//
+//     benchmark_bulk                     every loop, interleaved, and a table of times and ratios
+//     benchmark_bulk --rows 100000       with another number of rows (one million, a file of 190 MB)
+//     benchmark_bulk --runs 9            the number of runs of each loop, whose median counts (5)
+//     benchmark_bulk --loop NAME         one loop, once: for a profiler
+//
+// The server is the one that MYDB_SERVER=host:port, MYDB_USER and MYDB_PASSWORD name; scripts/bench.sh starts one.
+// Files are written into the folder that TMPDIR names.
+
+#include "BulkLoops.h"
+#include "Measure.h"
+#include "ScanTable.h"
+
+#include "files/UtFile.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+using bench::Access;
+using Loop = bench::Loop<std::string>;
+
+struct Options
+{
+    unsigned long rows = 1000000;
+    int runs = 5;
+    std::string loop;
+};
+
+Options ReadOptions(int count, char** values)
+{
+    Options options;
+    for (int i = 1; i + 1 < count; i += 2) {
+        const std::string option = values[i];
+        if (option == "--rows")
+            options.rows = std::strtoul(values[i + 1], nullptr, 10);
+        else if (option == "--runs")
+            options.runs = std::atoi(values[i + 1]);
+        else if (option == "--loop")
+            options.loop = values[i + 1];
+    }
+    return options;
+}
+
+/// A folder of its own; removed with the object.
+class Folder
+{
+public:
+    Folder() : m_path(std::filesystem::temp_directory_path() / ("mydb-bench-" + std::to_string(::getpid())))
+    {
+        std::filesystem::create_directory(m_path);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+    std::string File(const char* name) const { return (m_path / name).string(); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+using Dump = void (*)(const Access&, const std::string&);
+
+std::vector<Loop> DumpLoops(const Access& access, const Folder& folder)
+{
+    const auto loop = [&](const char* name, const char* title, Dump dump) {
+        const std::string file = folder.File(name);
+        const std::string plain = folder.File("plain-dump");
+        return Loop{name,
+                    title,
+                    "plain-dump",
+                    nullptr,
+                    [=, &access] { dump(access, file); },
+                    [=] { return bench::AreEqualFiles(file, plain) ? "equal" : "not equal"; }};
+    };
+    return {loop("plain-dump", "dump, plain client", bench::PlainDump),
+            loop("dump", "dump, library", bench::LibraryDump)};
+}
+
+} // namespace
+
+int main(int count, char** values)
+try {
+    const Options options = ReadOptions(count, values);
+    const bench::ScanTable table(options.rows);
+    const Folder folder;
+    const std::vector<Loop> loops = DumpLoops(table.GetAccess(), folder);
+    if (!options.loop.empty())
+        return bench::RunOnly(loops, options.loop) ? 0 : 2;
+    std::printf("%lu rows of 8 columns, median of %d runs\n", options.rows, options.runs);
+    return bench::Measure(loops, options.runs) ? 0 : 1;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+}
