@@ -211,9 +211,10 @@ public:
     // and pending changes of this one stay, also while it streams. What they leave behind is the last statement and
     // error of the connection. They take a ping and a statement; a closed connection is opened, in up to two attempts.
     // A statement that fails is also shown in a message box (MyDbSetUserInterface), here and in the selections. When
-    // there is no memory for a condition nothing is sent and the result is the failure value.
+    // there is no memory for a statement nothing is sent and the result is the failure value.
     //
-    // A key that does not fit the table (CMyKey::CreateClause) gives a condition that the server refuses: a failure.
+    // A key that does not fit the table, or for which there is no memory, gives a condition that the server refuses
+    // (CMyKey::CreateClause): a failure.
 
     /// Selects the rows that meet the conditions of a key, all rows for an empty key, and moves to the first one:
     /// SELECT fields FROM the table WHERE (the condition) ORDER BY the order. Empty `fields` are all columns of the
@@ -652,7 +653,6 @@ private:
     bool TakeAffectedRows();
     bool TakeMatchedRows();
     UtCString InColumnEncoding(const UtCString& column, const UtCString& sqlValue) const;
-    UtCString ConditionOf(const CMyKey& key) const;
     bool CopyColumn(const CMyRecordSet& source, unsigned long no, const CMyField& target);
 
     CMyDatabase* m_database = nullptr; ///< borrowed

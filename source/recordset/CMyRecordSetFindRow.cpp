@@ -23,7 +23,9 @@ UtCString SearchedText(const CMyRecordSet& records, unsigned long no, eUtEncodin
     text.SetToLower();
     if (text.IsEmpty() && !records.IsFieldEmpty(no))
         throw std::bad_alloc();
-    return convert ? convert(text) : text;
+    if (convert)
+        return convert(text);
+    return text;
 }
 
 } // namespace

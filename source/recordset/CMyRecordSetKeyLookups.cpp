@@ -3,8 +3,6 @@
 #include "connection/Guarded.h"
 #include "sql/LookupStatement.h"
 
-#include <new>
-
 // Rows found by a key.
 
 using connection::Guarded;
@@ -18,21 +16,12 @@ bool HasHandle(CMyDatabase& database)
 
 } // namespace
 
-/// The key's condition; throws when it came out empty although the key is not: the statement would address all rows.
-UtCString CMyRecordSet::ConditionOf(const CMyKey& key) const
-{
-    UtCString condition = key.CreateClause(this);
-    if (condition.IsEmpty() && !key.IsEmpty())
-        throw std::bad_alloc();
-    return condition;
-}
-
 long CMyRecordSet::Select(const CMyKey& key, const UtCString& fields, const UtCString& order)
 {
     if (!m_database || !Guarded(false, [&] { return HasHandle(*m_database); }))
         return -1;
     const UtCString statement = Guarded(UtCString(), [&] {
-        return sql::SelectRows({m_tableName, fields, ConditionOf(key), order}, GetEncodingType());
+        return sql::SelectRows({m_tableName, fields, key.CreateClause(this), order}, GetEncodingType());
     });
     if (!statement.IsEmpty())
         return Select(statement, true, true);
@@ -42,10 +31,10 @@ long CMyRecordSet::Select(const CMyKey& key, const UtCString& fields, const UtCS
 
 long CMyRecordSet::CountSQL(const CMyKey& key) const
 {
-    return Guarded(-1L, [&] { return CountSQL(ConditionOf(key)); });
+    return Guarded(-1L, [&] { return CountSQL(key.CreateClause(this)); });
 }
 
 bool CMyRecordSet::ExistRecord(const CMyKey& key) const
 {
-    return Guarded(false, [&] { return ExistRecord(ConditionOf(key)); });
+    return Guarded(false, [&] { return ExistRecord(key.CreateClause(this)); });
 }
