@@ -144,7 +144,7 @@ TEST_F(LastInserted, TheRowIsNotSelectedWithoutColumnsOrAnAutoIncrementColumn)
 
 TEST_F(LastInserted, OnlyASingleRowCounts)
 {
-    for (const size_t rows : {0, 2}) {
+    for (const size_t rows : {0U, 2U}) {
         m_client.OnPrefix("SELECT", CountedRows(rows));
         Insert(17);
         EXPECT_FALSE(m_records.SelectLastInsertedRecord());
