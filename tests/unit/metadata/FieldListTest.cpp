@@ -75,6 +75,7 @@ constexpr Exclusion exclusions[] = {
     {"one of three names that contain it", "`LASTNAME`, `NAME`, `NAME2`", "NAME", "`LASTNAME`, `NAME2`"},
     {"a name that others contain, first and last", "`NAME2`, `LASTNAME`", "NAME", "`NAME2`, `LASTNAME`"},
     {"the end of a name with a backtick", "`A`B`, `C`", "B", "`A`B`, `C`"},
+    {"the beginning of a name with a backtick", "`A`B`, `C`", "A", "`A`B`, `C`"},
     {"the beginning of a name with a comma", "`A,B`, `C`", "A", "`A,B`, `C`"},
     {"the end of the last name, which has a backtick", "`C`, `A`B`", "B", "`C`, `A`B`"},
     {"one with a blank before its comma", "`A` , `B`", "A", "`B`"},
