@@ -97,11 +97,9 @@ void CMyRecordSet::AppendSetList(text::TextBuilder& statement) const
 {
     if (!m_pendingChanges)
         return;
-    std::string_view beginning = sql::firstAssignment;
-    for (const recordset::PendingChange& change : *m_pendingChanges) {
-        sql::AppendAssignment(statement, beginning, m_tableName, change.Column(), change.SqlValue());
-        beginning = sql::nextAssignment;
-    }
+    sql::SetList list(statement, m_tableName);
+    for (const recordset::PendingChange& change : *m_pendingChanges)
+        list.Add(change.Column(), change.SqlValue());
 }
 
 /// The table's entry over the bound connection, which is free while a stream is being read. A table that is not there

@@ -9,9 +9,7 @@
 #include "recordset/ResultColumns.h"
 #include "sql/EditStatement.h"
 #include "sql/ValueText.h"
-#include "text/UtCStringList.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -215,10 +213,6 @@ bool CMyRecordSet::TakeAffectedRows()
 bool CMyRecordSet::TakeMatchedRows()
 {
     TakeAffectedRows();
-    UtCStringList numbers;
-    m_errorMessage.TokenizeNumeric(numbers, 2);
-    __int64 rows = 0;
-    if (numbers.GetCount() > 0 && (numbers.item(0).Convert(rows) || numbers.item(1).Convert(rows)))
-        m_errorCode = static_cast<int32_t>(std::clamp<int64_t>(rows, INT32_MIN, INT32_MAX));
+    m_errorCode = sql::RowFigure(m_errorMessage.View(), m_errorCode);
     return m_errorCode > 0;
 }

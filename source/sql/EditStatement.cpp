@@ -1,14 +1,11 @@
 #include "sql/EditStatement.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 
 namespace sql {
 namespace {
-
-void AppendKeyword(text::TextBuilder& statement, std::string_view keyword)
-{
-    statement.Append(keyword, UT_ENCODING_DEFAULT);
-}
 
 void AppendQuotedName(text::TextBuilder& statement, const UtCString& name)
 {
@@ -24,9 +21,9 @@ void AppendInParentheses(text::TextBuilder& statement, const UtCString& conditio
 {
     if (condition.StartsWith("(", true))
         return statement.AppendText(condition);
-    AppendKeyword(statement, "(");
+    statement.AppendAscii("(");
     statement.AppendText(condition);
-    AppendKeyword(statement, ")");
+    statement.AppendAscii(")");
 }
 
 bool IsNameByte(char byte) noexcept
@@ -41,41 +38,67 @@ bool IsNameByte(char byte) noexcept
 
 void AppendInsertInto(text::TextBuilder& statement, const UtCString& table)
 {
-    AppendKeyword(statement, "INSERT INTO ");
+    statement.AppendAscii("INSERT INTO ");
     statement.AppendText(table);
-    AppendKeyword(statement, " SET ");
+    statement.AppendAscii(" SET ");
 }
 
 void AppendUpdate(text::TextBuilder& statement, const UtCString& table)
 {
-    AppendKeyword(statement, "UPDATE ");
+    statement.AppendAscii("UPDATE ");
     statement.AppendText(table);
-    AppendKeyword(statement, " SET ");
+    statement.AppendAscii(" SET ");
 }
 
-void AppendAssignment(text::TextBuilder& statement, std::string_view beginning, const UtCString& table,
-                      const UtCString& column, const UtCString& sqlValue)
+SetList::SetList(text::TextBuilder& statement, const UtCString& table)
+    : m_statement(statement), m_beginning(statement.GetEncodingType())
 {
-    AppendKeyword(statement, beginning);
-    AppendQuotedName(statement, table);
-    AppendKeyword(statement, "`.`");
-    AppendQuotedName(statement, column);
-    AppendKeyword(statement, "` = ");
-    statement.AppendText(sqlValue);
+    text::TextBuilder beginning(statement.GetEncodingType());
+    beginning.AppendAscii("`");
+    AppendQuotedName(beginning, table);
+    beginning.AppendAscii("`.`");
+    m_beginning = beginning.Take();
+    if (m_beginning.IsEmpty())
+        m_statement.Fail();
+}
+
+void SetList::Add(const UtCString& column, const UtCString& sqlValue)
+{
+    if (!m_isEmpty)
+        m_statement.AppendAscii(", ");
+    m_isEmpty = false;
+    m_statement.AppendText(m_beginning);
+    AppendQuotedName(m_statement, column);
+    m_statement.AppendAscii("` = ");
+    m_statement.AppendText(sqlValue);
 }
 
 void AppendUpdateCondition(text::TextBuilder& statement, const UtCString& condition)
 {
-    AppendKeyword(statement, " WHERE ");
+    statement.AppendAscii(" WHERE ");
     AppendInParentheses(statement, condition);
 }
 
 void AppendDelete(text::TextBuilder& statement, const UtCString& table, const UtCString& condition)
 {
-    AppendKeyword(statement, "DELETE FROM ");
+    statement.AppendAscii("DELETE FROM ");
     statement.AppendText(table);
-    AppendKeyword(statement, " WHERE");
+    statement.AppendAscii(" WHERE");
     AppendInParentheses(statement, condition);
+}
+
+int32_t RowFigure(std::string_view info, int32_t otherwise) noexcept
+{
+    constexpr std::string_view digits = "0123456789";
+    for (int token = 0; token < 2; ++token) {
+        info.remove_prefix(std::min(info.find_first_of(digits), info.size()));
+        int64_t number = 0;
+        const auto [end, error] = std::from_chars(info.data(), info.data() + info.size(), number);
+        if (error == std::errc())
+            return static_cast<int32_t>(std::min<int64_t>(number, INT32_MAX));
+        info.remove_prefix(static_cast<size_t>(end - info.data()));
+    }
+    return otherwise;
 }
 
 bool CanSwallowStatement(const UtCString& table)

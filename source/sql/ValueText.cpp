@@ -3,12 +3,21 @@
 #include "text/TextBuilder.h"
 #include "text/TextSearch.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace sql {
 namespace {
 
 constexpr std::string_view escaped("\r\n\t'\\\0", 6);
+
+constexpr std::array<bool, 256> isEscaped = [] {
+    std::array<bool, 256> table{};
+    for (const char character : escaped)
+        table[static_cast<unsigned char>(character)] = true;
+    return table;
+}();
 
 bool IsWide(eUtEncodingType encoding) noexcept
 {
@@ -42,15 +51,17 @@ bool NeedsEscape(const UtCString& value) noexcept
         return text::FindOneOf({value.View(), value.GetEncodingType()}, 0, {escaped, UT_ENCODING_DEFAULT}) !=
                text::notFound;
     }
-    return value.View().find_first_of(escaped) != std::string_view::npos; // elsewhere these bytes are these characters
+    const std::string_view bytes = value.View(); // elsewhere these bytes are these characters
+    return std::any_of(bytes.begin(), bytes.end(),
+                       [](char byte) { return isEscaped[static_cast<unsigned char>(byte)]; });
 }
 
 UtCString Quoted(const UtCString& escapedValue)
 {
     text::TextBuilder quoted(escapedValue.GetEncodingType(), escapedValue.GetByteLength() + 2);
-    quoted.Append("'", UT_ENCODING_DEFAULT);
+    quoted.AppendAscii("'");
     quoted.AppendText(escapedValue);
-    quoted.Append("'", UT_ENCODING_DEFAULT);
+    quoted.AppendAscii("'");
     return quoted.Take();
 }
 

@@ -2,6 +2,7 @@
 
 #include "text/UtCString.h"
 
+#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -19,12 +20,24 @@ public:
 
     /// Appends bytes that are in the encoding of the text.
     void Append(std::string_view bytes) noexcept { Append(bytes, m_text.GetEncodingType()); }
+    /// Appends ASCII characters.
+    void AppendAscii(std::string_view characters) noexcept
+    {
+        const eUtEncodingType encoding = m_text.GetEncodingType();
+        const bool isWide = encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
+        Append(characters, isWide ? UT_ENCODING_DEFAULT : encoding);
+    }
     /// Appends a text, converted.
     void AppendText(const UtCString& text) noexcept { Append(text.View(), text.GetEncodingType()); }
     void Append(std::string_view bytes, eUtEncodingType encoding) noexcept
     {
         if (m_failed || bytes.empty())
             return;
+        if (encoding == m_text.m_encoding && bytes.size() <= m_text.m_capacity - m_text.m_size) {
+            std::memcpy(m_text.m_data + m_text.m_size, bytes.data(), bytes.size());
+            m_text.SetSize(m_text.m_size + bytes.size());
+            return;
+        }
         const size_t before = m_text.GetByteLength();
         m_text.AppendText(bytes, encoding);
         m_failed = m_text.GetByteLength() <= before;
