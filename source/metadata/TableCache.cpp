@@ -24,7 +24,9 @@ bool CTableCache::FindField(const UtCString& name, unsigned long& position) cons
 {
     if (name.IsEmpty())
         return false;
-    const unsigned long* found = m_fieldIndex.Find(name.toUpper());
+    const unsigned long* found = m_fieldIndex.Find(name);
+    if (!found) // a name in upper case, as keys have it, takes no copy
+        found = m_fieldIndex.Find(name.toUpper());
     if (!found)
         return false;
     position = *found;

@@ -162,6 +162,12 @@ TEST_P(KeyMemory, MakesTheWholeOrderOrNone)
 INSTANTIATE_TEST_SUITE_P(Failing, KeyMemory, testing::Bool(),
                          [](const auto& test) { return test.param ? "ForGood" : "Once"; });
 
+TEST_P(KeyMemory, TakesOneAllocationForAClauseOfLongNames)
+{
+    const CMyKey key(m_column, m_value, "=");
+    EXPECT_EQ(Allocations([&] { key.CreateClause(&m_records); }), 1);
+}
+
 // --- How much memory is taken
 
 using KeyAllocations = KeyFixture;
