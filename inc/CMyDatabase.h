@@ -9,6 +9,8 @@
 #include <mysql.h>
 
 class CProgressCtrl;
+class CMyTable;
+class UtCStringList;
 
 namespace connection {
 struct DatabaseAccess;
@@ -81,7 +83,7 @@ public:
     ///   up by one.
     /// - The counter has reached the limit (MyDbSetMaxTryConnect): closed, without any network traffic; the code is 0
     ///   and the message "Kein Fehler!".
-    /// - The integrity check said no: the connection *stays open*, no error is recorded here.
+    /// - The integrity check said no: the connection *stays open*; code and message are the check's.
     ///
     /// After a success on a new connection the outcome of the last statement is that of "SHOW TABLES", with error code
     /// 0 unless that statement itself failed. Where the server closes the connection during it and cannot be reached
@@ -94,9 +96,25 @@ public:
     /// reconnect too.
     virtual bool Open(bool interactive, const UtCString& databaseName);
 
-    /// What Open(true, ...) asks before it calls a connection open; false makes that Open return false.
-    /// This class looks at nothing and returns true: the check of the tables comes with the maintenance members. A
-    /// derived class may put its own check here; it can use the connection, which is open already.
+    /// Looks for damage in the tables (CheckDatabaseIntegrity of the own database) and offers a repair. This is what
+    /// Open(true, ...) asks before it calls a connection open; false makes that Open return false. A derived class may
+    /// put its own check here; within an Open it can use the connection, which is open already.
+    ///
+    /// True: no damage, or the repair (RepairDatabase(false, true)) says so. Otherwise false, and GetErrorCode and
+    /// GetErrorMessage hold one of the library's own errors, whose text, German and in encoding 256, names the database
+    /// and describes the damage as CheckDatabaseIntegrity does:
+    /// - 1016: damaged, and can probably be repaired. With `askUser` a message box asks whether to do so now, and any
+    ///   answer but Yes ends here; without `askUser` nobody is asked. The error is recorded before the question, and a
+    ///   repair that succeeds leaves it in place.
+    /// - 1017: damaged, and only a backup brings the tables back; also after a repair that did not help. With `askUser`
+    ///   a message box says so.
+    ///
+    /// False also when memory runs out or the host's message box throws. A connection that cannot be had, or is lost,
+    /// looks like a sound database; Ping tells.
+    ///
+    /// Kept: what the repair offered here repairs is nothing, and it succeeds (see RepairDatabase): a "Yes" makes the
+    /// result true. Kept: on today's servers every database with tables is found damaged (see CheckDatabaseIntegrity),
+    /// so each interactive Open asks. Open with false, and check as CheckDatabaseIntegrity advises.
     virtual bool CheckAndRepairDatabaseIntegrity(bool askUser);
 
     /// Asks the server for a sign of life (one round trip). True: the connection works. False: closed, or no answer; no
@@ -118,7 +136,8 @@ public:
 
     const UtCString& GetDatabaseName() const; ///< As given to the constructor or to Open. Valid as long as this object.
 
-    /// Whether the server knows the database of this connection (CMyServer::ExistDatabase). False for an empty name.
+    /// Whether the server knows the database of this connection (CMyServer::ExistDatabase of the settings, which looks
+    /// up the settings file that the name has in front, and connects by it). False unless IsOpen.
     bool ExistDatabase() const;
 
     // The lock of a database: a named lock of the server, called like the database with "_lock" behind. It binds only
@@ -177,6 +196,136 @@ public:
     /// tells letter cases apart finds upper-case tables only. The database name is not quoted: with one that needs
     /// backticks the statement fails.
     bool ExistTable(const UtCString& tableName);
+
+    // The catalogue, and maintenance. These members need an open connection (IsOpen) and give their failure result
+    // without one, except for GetTable. Names go into the statements as they are. A failed statement leaves its error
+    // for GetErrorCode; it is shown in a message box where the tables are listed, checked or repaired, and nowhere
+    // else. Every statement is preceded by a ping, which may replace a lost connection; see "Reconnecting".
+
+    /// The names of the tables and views, each in backticks, separated by a comma and a blank, in the server's order
+    /// and the encoding of the settings: "`customers`, `orders`", as statements about several tables take them.
+    /// `pattern` selects by LIKE, with the wildcards "_" and "%"; empty: all. SHOW TABLES, one statement.
+    ///
+    /// Empty: no table, or a failure (GetErrorCode). Kept: a name is not escaped, here or in the pattern. A table name
+    /// with a backtick makes a list that statements fail with; an apostrophe ends the pattern.
+    UtCString GetTables(const UtCString& pattern);
+
+    /// Puts the names of all tables and views into `list`, in place of what it holds, and returns their number. 0, with
+    /// an empty list, without tables and for a failure (GetErrorCode).
+    ///
+    /// Kept: the pattern is ignored; call the form above for a selection. Kept: the names come out of the text of that
+    /// form, cut at the commas and without backticks and blanks at their ends, so a name with a comma becomes two.
+    long GetTables(UtCStringList& list, const UtCString& pattern);
+
+    /// How many tables and views there are. 0 also without an open connection, -1 when the statement fails.
+    long GetTableCount();
+
+    /// A handle on a table: CMyTable(this, tableName), which loads what the table cache does not know and opens a
+    /// closed connection. This object has to outlive it.
+    CMyTable GetTable(const UtCString& tableName);
+
+    /// Drops a table and what the table cache knows of it. The name may stand in backticks, and must if it needs them.
+    ///
+    /// Kept: the result is whether the table is *still there* (ExistTable): false is the success, and a table that
+    /// never was gives it too. True also for a view, which is not dropped, and, as ExistTable takes the name for a
+    /// pattern, when another table matches it: after dropping a_b a table a1b answers. False also, with nothing done,
+    /// for an empty name and without an open connection, and when the server cannot be reached: compare GetTables where
+    /// it matters. The error of the DROP itself is overwritten by that of the test.
+    ///
+    /// Kept: neither name is quoted by the library. Without backticks a reserved word or a name with a blank or hyphen
+    /// makes the drop fail; a database with such a name drops nothing.
+    bool RemoveTable(const UtCString& tableName);
+
+    /// Drops the database and deletes its directory (GetDBPath) with everything in it, links not followed. Nobody is
+    /// asked. Afterwards this object is closed.
+    ///
+    /// Order: this connection is made anew, to be sure that it works. If the server knows the database, its tables are
+    /// closed (FLUSH TABLES) and it is dropped over a second connection, as "vela_root" where the user is "root".
+    /// Whether it knows it or not, the directory is deleted.
+    ///
+    /// True: the directory is gone, or never was. False: it is not; or one of the connections could not be made, and
+    /// nothing is deleted. False, and nothing at all done, for an empty name and for one that is no plain name: one
+    /// with "\", "/" or ":" in it or a dot or blank at its end. Nothing outside of the database's directory is ever
+    /// deleted.
+    ///
+    /// Kept, and each of them loses data or leaves it behind without a word:
+    /// - Whether the server knows the database is asked as CMyServer::ExistDatabase asks for a plain name: by the
+    ///   settings file in the root of the drive. Without that file the database is *never dropped, and its directory
+    ///   always deleted*; with one that names another server, that server is asked.
+    /// - The directory is deleted whatever became of the drop, and the result does not tell. The database name is not
+    ///   quoted: one that needs backticks is not dropped.
+    /// - Without a data directory in the settings the path is relative to the working directory.
+    /// - The directory is found ignoring letter case: where "kalk" has none, that of "KALK" is deleted. Use such names
+    ///   on no server that tells them apart.
+    bool RemoveDatabase();
+
+    /// Gives the space of deleted rows back. With `optimize` by OPTIMIZE TABLE for all tables: true unless a table has
+    /// an error; otherwise by RepairDatabase(false, false), whose result it has. False also without tables, without an
+    /// open connection and when memory runs out.
+    ///
+    /// Kept: an OPTIMIZE statement that fails counts as success; GetErrorCode tells. Kept: without `optimize` the
+    /// result is false on today's servers, whatever became of the tables (see CheckDatabaseIntegrity).
+    bool CompressDatabase(bool optimize);
+
+    /// The bytes that rows and indexes of all tables take up, as the storage engines report them (SHOW TABLE STATUS);
+    /// an estimate for InnoDB. A view, or a table that is too damaged to report, adds nothing. -1 for a failure. Kept:
+    /// -1 also for a database without tables; ask GetTableCount.
+    __int64 GetDBSize();
+
+    /// Where the files of the database are: the data directory of the settings, "DBS\", the name, "\". In the encoding
+    /// of the two, or UTF-8 where they differ. Nobody looks whether it is there. Empty when memory runs out.
+    ///
+    /// Kept: no separator is put behind the data directory (SetDataDir does), and without one the path is relative.
+    /// Without an open connection it is the name alone.
+    UtCString GetDBPath();
+
+    // Checking and repairing. The server does it, table by table: MyISAM and Aria tables can be repaired, InnoDB tables
+    // can be checked only. What a check finds and a repair loses is shown in docs/kept-behaviours.md.
+    //
+    // A closed connection is opened by the checks. None of these members locks anything: nobody else may use the tables
+    // during a repair (LockDatabase, IsDatabaseInUse).
+
+    /// Checks all tables of this connection's database: SHOW TABLES, then one CHECK TABLE ... FAST QUICK, which looks
+    /// at tables that were not closed properly, and at their indexes only. `databaseName` is the name that the
+    /// statement puts in front of the tables; empty: the own one. Kept: the tables are those of the own database all
+    /// the same.
+    ///
+    /// `errorText` (may be null) is emptied and gets a line per error, in its own encoding, "\n" between them:
+    /// "      shop.orders:32 \tmessage". Kept: the number between table and message, a 32 with as many decimals as the
+    /// longest table name has more characters than the shortest, was meant as a column of blanks.
+    ///
+    /// DB_CHECK_DEFECT: an error that speaks of a definition file (".frm") or of a data file (".MYD") that is not
+    /// found. DB_CHECK_REPAIRABLE: errors, but none of these. DB_CHECK_OK: none.
+    ///
+    /// Kept: a check that cannot run finds nothing: DB_CHECK_OK also without a connection or a name, when a statement
+    /// fails, because of a backtick in a name for example, and when memory runs out. GetErrorCode tells. Views are
+    /// checked, too. Kept: damage within a data file is not seen by a FAST QUICK check; run CHECK TABLE without them.
+    ///
+    /// Kept: the list of tables ends with a comma, so servers look for a table "FAST" and report that it does not
+    /// exist: *every sound database with tables comes out as repairable*, with that one line. Look for lines about
+    /// other tables, or call CMyTable::CheckTable for each. If there is a table called "fast" the statement fails
+    /// (1066), and everything is sound.
+    eDB_CHECK CheckDatabaseIntegrity(const UtCString& databaseName, UtCString* errorText);
+
+    /// Repairs all tables with REPAIR TABLE: with `useFrm` by USE_FRM, which makes the index files anew out of the
+    /// definitions; otherwise by EXTENDED and, if the server reports that any table is not sound then, once more all
+    /// tables by USE_FRM. What was repaired is nowhere kept. *Back the database up first.*
+    ///
+    /// True: CheckDatabaseIntegrity(empty, null) finds nothing afterwards, which alone decides. Kept: on today's
+    /// servers that is never so (see there); call CMyTable::CheckTable for each table instead. False also, with nothing
+    /// done, without tables, without an open connection and when memory runs out.
+    ///
+    /// Kept: with `checkFirst` the tables are checked, none is found fit for repair, and the result is true: nothing is
+    /// ever repaired. Pass false.
+    ///
+    /// Kept: one table that EXTENDED cannot repair sends all tables through USE_FRM, which forgets AUTO_INCREMENT
+    /// positions: numbers of deleted rows are given out again. An InnoDB table is enough, it answers only with a note
+    /// and then counts as repaired, but a missing one is. Kept: rows that the server cannot read are dropped, and it
+    /// calls the table sound; compare the row counts with the backup.
+    ///
+    /// Kept: rows of the server's report count as failures for the type "error" and for "status" with anything but
+    /// "OK", in these letter cases: "Error" does not.
+    bool RepairDatabase(bool useFrm, bool checkFirst);
 
     /// Runs one statement. All statements of the library go through here.
     ///
@@ -401,6 +550,10 @@ private:
     void RecordClientError();
     void RecordOutOfMemory();
     long FailStatement(bool showError);
+
+    void CloseTableFiles();
+    bool AgreesToRepair(const UtCString& description, bool isAsked);
+    bool ReportDefect(const UtCString& description, bool isShown);
 
     struct DumpJob;
     long Dump(UtCString statement, DumpJob& job);

@@ -43,6 +43,23 @@ enum DB_INFOS : unsigned int
     DB_INFO_VERSION = 4         ///< the same as 1
 };
 
+/// What CMyTable::CheckTable found. The values cross the interface; programs store them.
+enum eTABLE_CHECK : unsigned int
+{
+    TABLE_CHECK_OK = 0,         ///< no error; also when the check itself failed
+    TABLE_CHECK_INVALID = 1,    ///< the handle has no table name or no connection
+    TABLE_CHECK_REPAIRABLE = 2, ///< errors, none of them fatal
+    TABLE_CHECK_DEFECT = 3 ///< an error that only a backup mends: a definition or data file is missing or unreadable
+};
+
+/// What CMyDatabase::CheckDatabaseIntegrity found. The values cross the interface; programs store them.
+enum eDB_CHECK : unsigned int
+{
+    DB_CHECK_OK = 0,         ///< no error; also without tables, without a name, and when the check itself failed
+    DB_CHECK_REPAIRABLE = 1, ///< errors, none of them fatal
+    DB_CHECK_DEFECT = 2      ///< an error that only a backup mends
+};
+
 /// State of a record set's edit bracket.
 enum eModifyStates : unsigned int
 {

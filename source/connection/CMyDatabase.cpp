@@ -35,11 +35,6 @@ void CMyDatabase::DropHandle() noexcept
         mysql_close(handle);
 }
 
-bool CMyDatabase::CheckAndRepairDatabaseIntegrity(bool)
-{
-    return true;
-}
-
 bool CMyDatabase::Ping()
 {
     // KEPT K-04: the client may have replaced a dropped connection by a new session to answer this.
@@ -74,11 +69,6 @@ const CMyServer& CMyDatabase::GetServer() const
 const UtCString& CMyDatabase::GetDatabaseName() const
 {
     return m_databaseName;
-}
-
-bool CMyDatabase::ExistDatabase() const
-{
-    return !m_databaseName.IsEmpty() && m_server.ExistDatabase(m_databaseName);
 }
 
 bool CMyDatabase::IsDatabaseInUse()

@@ -6,23 +6,15 @@
 #include "recordset/PendingChanges.h"
 #include "recordset/ResultColumns.h"
 #include "sql/LookupStatement.h"
+#include "sql/StatementBuilder.h"
 
 #include <cstdint>
-#include <new>
 
 // Questions that a record set of its own answers, so that this one stays as it is.
 
 using connection::Guarded;
 
 namespace {
-
-/// A statement for which there is no memory is empty, which a select would take for "all rows".
-const UtCString& Whole(const UtCString& statement)
-{
-    if (statement.IsEmpty())
-        throw std::bad_alloc();
-    return statement;
-}
 
 /// The number in the first column; `rows` is what the select returned.
 long SingleNumber(const CMyRecordSet& query, long rows)
@@ -37,7 +29,7 @@ long CMyRecordSet::CountSQL(const UtCString& condition) const
     return Guarded(-1L, [&] {
         const UtCString statement = sql::CountRows(m_tableName, condition, GetEncodingType());
         CMyRecordSet query(m_database, m_tableName);
-        return SingleNumber(query, query.Select(Whole(statement), true, true));
+        return SingleNumber(query, query.Select(sql::Whole(statement), true, true));
     });
 }
 
@@ -46,7 +38,7 @@ bool CMyRecordSet::ExistRecord(const UtCString& condition) const
     return Guarded(false, [&] {
         const UtCString statement = sql::ExistRows(m_tableName, condition, GetEncodingType());
         CMyRecordSet query(m_database, m_tableName);
-        return query.Select(Whole(statement), true, true) > 0;
+        return query.Select(sql::Whole(statement), true, true) > 0;
     });
 }
 

@@ -1,36 +1,10 @@
 #include "sql/LookupStatement.h"
 
-#include "text/TextBuilder.h"
+#include "sql/StatementBuilder.h"
 #include "text/TextSearch.h"
 
 namespace sql {
 namespace {
-
-class Statement
-{
-public:
-    explicit Statement(eUtEncodingType encoding) : m_builder(encoding) {}
-
-    Statement& operator<<(const char* keywords) noexcept
-    {
-        m_builder.Append(keywords, UT_ENCODING_DEFAULT);
-        return *this;
-    }
-    Statement& operator<<(const UtCString& text) noexcept
-    {
-        m_builder.AppendText(text);
-        return *this;
-    }
-    Statement& operator<<(text::Tagged text) noexcept
-    {
-        m_builder.Append(text.bytes, text.encoding);
-        return *this;
-    }
-    UtCString Take() noexcept { return m_builder.Take(); }
-
-private:
-    text::TextBuilder m_builder;
-};
 
 text::Tagged TaggedView(const UtCString& text) noexcept
 {
@@ -52,7 +26,7 @@ text::Tagged WithoutEnd(text::Tagged text, const char* set) noexcept
 
 UtCString SelectRows(const RowSelection& selection, eUtEncodingType encoding)
 {
-    Statement statement(encoding);
+    StatementBuilder statement(encoding);
     statement << "SELECT ";
     if (selection.fields.IsEmpty())
         statement << "`" << selection.table << "`.*";
@@ -70,12 +44,12 @@ UtCString SelectRows(const RowSelection& selection, eUtEncodingType encoding)
 
 UtCString CountTable(const UtCString& table, eUtEncodingType encoding)
 {
-    return (Statement(encoding) << "SELECT COUNT(*) FROM `" << table << "`").Take();
+    return (StatementBuilder(encoding) << "SELECT COUNT(*) FROM `" << table << "`").Take();
 }
 
 UtCString CountRows(const UtCString& table, const UtCString& condition, eUtEncodingType encoding)
 {
-    Statement statement(encoding);
+    StatementBuilder statement(encoding);
     const text::Tagged text = TaggedView(condition);
     if (BeginsWith(text, "SELECT "))
         return (statement << text).Take();
@@ -87,7 +61,7 @@ UtCString CountRows(const UtCString& table, const UtCString& condition, eUtEncod
 
 UtCString ExistRows(const UtCString& table, const UtCString& condition, eUtEncodingType encoding)
 {
-    Statement statement(encoding);
+    StatementBuilder statement(encoding);
     const text::Tagged text = WithoutEnd(TaggedView(condition), "; ");
     if (BeginsWith(text, "SELECT ")) // KEPT K-107: also behind a LIMIT of the caller's.
         return (statement << text << " LIMIT 1").Take();
@@ -101,7 +75,7 @@ UtCString ExistRows(const UtCString& table, const UtCString& condition, eUtEncod
 
 UtCString MaxOfField(const UtCString& table, const UtCString& field, eUtEncodingType encoding)
 {
-    return (Statement(encoding) << "SELECT MAX(" << table << "." << field << ") FROM " << table).Take();
+    return (StatementBuilder(encoding) << "SELECT MAX(" << table << "." << field << ") FROM " << table).Take();
 }
 
 } // namespace sql

@@ -1,5 +1,6 @@
 #include "CMyDatabase.h"
 #include "CMyServer.h"
+#include "CMyTable.h"
 #include "MyDbFunctions.h"
 
 #include "Shape.h"
@@ -75,6 +76,17 @@ static_assert(Has<bool (CMyDatabase::*)()>(&CMyDatabase::IsDatabaseLocked));
 static_assert(Has<bool (CMyDatabase::*)()>(&CMyDatabase::IsDatabaseInUse));
 static_assert(Has<long (CMyDatabase::*)(bool)>(&CMyDatabase::CountUsersOnThisDatabase));
 static_assert(Has<bool (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::ExistTable));
+static_assert(Has<UtCString (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetTables));
+static_assert(Has<long (CMyDatabase::*)(UtCStringList&, const UtCString&)>(&CMyDatabase::GetTables));
+static_assert(Has<long (CMyDatabase::*)()>(&CMyDatabase::GetTableCount));
+static_assert(Has<CMyTable (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetTable));
+static_assert(Has<bool (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::RemoveTable));
+static_assert(Has<bool (CMyDatabase::*)()>(&CMyDatabase::RemoveDatabase));
+static_assert(Has<bool (CMyDatabase::*)(bool)>(&CMyDatabase::CompressDatabase));
+static_assert(Has<__int64 (CMyDatabase::*)()>(&CMyDatabase::GetDBSize));
+static_assert(Has<UtCString (CMyDatabase::*)()>(&CMyDatabase::GetDBPath));
+static_assert(Has<eDB_CHECK (CMyDatabase::*)(const UtCString&, UtCString*)>(&CMyDatabase::CheckDatabaseIntegrity));
+static_assert(Has<bool (CMyDatabase::*)(bool, bool)>(&CMyDatabase::RepairDatabase));
 static_assert(Has<long (CMyDatabase::*)(const UtCString&, bool, MYSQL_RES**, bool)>(&CMyDatabase::ExecuteQuery));
 static_assert(Has<bool (CMyDatabase::*)(const UtCString&) const>(&CMyDatabase::IsSelectQuery));
 static_assert(Has<void (CMyDatabase::*)(const UtCString&, UtCString&)>(&CMyDatabase::MakeEscapeString));

@@ -9,6 +9,13 @@ static_assert(TABLE_TYPE_UNKNOWN == 0 && TABLE_TYPE_MYISAM == 1 && TABLE_TYPE_IN
               TABLE_TYPE_MEMORY == 4 && TABLE_TYPE_MERGE == 5 && TABLE_TYPE_EXAMPLE == 6 && TABLE_TYPE_FEDERATED == 7 &&
               TABLE_TYPE_ARCHIVE == 8 && TABLE_TYPE_CSV == 9 && TABLE_TYPE_BLACKHOLE == 10);
 
+// Results of checks
+static_assert(std::is_same_v<std::underlying_type_t<eTABLE_CHECK>, unsigned int>);
+static_assert(std::is_same_v<std::underlying_type_t<eDB_CHECK>, unsigned int>);
+static_assert(TABLE_CHECK_OK == 0 && TABLE_CHECK_INVALID == 1 && TABLE_CHECK_REPAIRABLE == 2 &&
+              TABLE_CHECK_DEFECT == 3);
+static_assert(DB_CHECK_OK == 0 && DB_CHECK_REPAIRABLE == 1 && DB_CHECK_DEFECT == 2);
+
 // A handle is a value without virtual members.
 static_assert(!std::is_polymorphic_v<CMyTable>);
 static_assert(std::is_constructible_v<CMyTable, const CMyDatabase*, const UtCString&>);
@@ -40,6 +47,7 @@ static_assert(std::is_same_v<decltype(&CMyTable::GetRecordCount), Question<long>
 static_assert(std::is_same_v<decltype(&CMyTable::IsEmpty), Question<bool>>);
 static_assert(std::is_same_v<decltype(&CMyTable::GetTableDataSize), Question<__int64>>);
 static_assert(std::is_same_v<decltype(&CMyTable::GetTableIndexSize), Question<__int64>>);
+static_assert(std::is_same_v<decltype(&CMyTable::CheckTable), eTABLE_CHECK (CMyTable::*)(UtCString*)>);
 static_assert(std::is_same_v<decltype(&CMyTable::RegisterTable), bool (CMyTable::*)(bool)>);
 static_assert(std::is_same_v<decltype(&CMyTable::UnregisterTable), bool (CMyTable::*)()>);
 static_assert(std::is_same_v<decltype(&CMyTable::ClearTableCache), void (CMyTable::*)()>);

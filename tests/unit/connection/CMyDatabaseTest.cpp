@@ -92,9 +92,9 @@ TEST_F(CMyDatabaseTest, KnowsNoDatabaseWithoutAName)
     EXPECT_TRUE(m_client.Calls().empty());
 }
 
-TEST_F(CMyDatabaseTest, FindsNothingToObjectToInItsTables)
+TEST_F(CMyDatabaseTest, HasNothingToCheckWithoutAName)
 {
-    CMyDatabase database(ValidServer(), "shop");
+    CMyDatabase database(ValidServer(), "");
     EXPECT_TRUE(database.CheckAndRepairDatabaseIntegrity(true));
     EXPECT_TRUE(database.CheckAndRepairDatabaseIntegrity(false));
     EXPECT_TRUE(m_client.Calls().empty());

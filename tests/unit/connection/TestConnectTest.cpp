@@ -165,8 +165,10 @@ TEST_F(TestConnectionByFile, AnswersWhetherTheDatabaseOfAConnectionExists)
 {
     m_client.On("SHOW DATABASES", fake::Reply::Rows({"Database"}, {{"mysql"}, {"shop"}}));
     const std::string folder = m_folder.Path().string();
-    const CMyDatabase known(ValidServer(), UtCString(folder + "::shop", UT_ENCODING_UTF8));
-    const CMyDatabase unknown(ValidServer(), UtCString(folder + "::store", UT_ENCODING_UTF8));
+    CMyDatabase known(ValidServer(), UtCString(folder + "::shop", UT_ENCODING_UTF8));
+    CMyDatabase unknown(ValidServer(), UtCString(folder + "::store", UT_ENCODING_UTF8));
+    EXPECT_FALSE(known.ExistDatabase()) << "it is closed";
+    EXPECT_TRUE(known.Open(false, "") && unknown.Open(false, ""));
     EXPECT_TRUE(known.ExistDatabase());
     EXPECT_FALSE(unknown.ExistDatabase());
 }

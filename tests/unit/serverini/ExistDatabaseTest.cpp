@@ -141,9 +141,18 @@ TEST_F(ExistDatabase, OfAConnectionAsksForItsOwnName)
 {
     m_server.SetHost("own");
     m_server.SetPort(1);
-    EXPECT_TRUE(CMyDatabase(m_server, NameOf("kalk")).ExistDatabase());
-    EXPECT_FALSE(CMyDatabase(m_server, NameOf("missing")).ExistDatabase());
-    EXPECT_FALSE(CMyDatabase(m_server, "").ExistDatabase());
+    m_server.SetUser("kim");
+    CMyDatabase known(m_server, NameOf("kalk"));
+    CMyDatabase unknown(m_server, NameOf("missing"));
+    EXPECT_TRUE(known.Open(false, "") && known.ExistDatabase());
+    EXPECT_TRUE(unknown.Open(false, ""));
+    EXPECT_FALSE(unknown.ExistDatabase());
+}
+
+TEST_F(ExistDatabase, OfAConnectionThatIsNotOpenAsksNobody)
+{
+    EXPECT_FALSE(CMyDatabase(m_server, NameOf("kalk")).ExistDatabase());
+    EXPECT_TRUE(m_client.Calls().empty());
 }
 
 TEST(ExistDatabaseFailures, EveryClientCallMayFail)

@@ -1,0 +1,17 @@
+#include "admin/CheckReport.h"
+
+#include "admin/RowText.h"
+
+namespace admin {
+
+CheckReport::CheckReport(CMyDatabase& database, const UtCString& statement)
+    : m_rows(database, UtCString()), m_hasRows(m_rows.Select(statement, true, true) > 0)
+{
+}
+
+sql::CheckRow CheckReport::Row() const
+{
+    return {RowText(m_rows, 0UL), RowText(m_rows, 2UL), RowText(m_rows, 3UL)};
+}
+
+} // namespace admin
