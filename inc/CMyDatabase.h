@@ -556,7 +556,7 @@ private:
     bool ReportDefect(const UtCString& description, bool isShown);
 
     struct DumpJob;
-    long Dump(UtCString statement, DumpJob& job);
+    long DumpStatement(UtCString statement, DumpJob& job);
     long DumpRows(DumpJob& job);
     long FailDump();
 

@@ -112,7 +112,8 @@ long CMyDatabase::DumpTable(const UtCString& fileName, const UtCString& tableNam
         const sql::DumpFormat format = sql::ReadDumpFormat(separator, enclosure, lineEnd, m_server.GetEncodingType());
         DumpJob job{fileName, file, format, header, RowProgress(progress)};
         // KEPT K-150: the table name is not quoted.
-        return Dump(statement.IsEmpty() ? sql::SelectAll(tableName, tableName.GetEncodingType()) : statement, job);
+        return DumpStatement(statement.IsEmpty() ? sql::SelectAll(tableName, tableName.GetEncodingType()) : statement,
+                             job);
     } catch (...) {
         if (m_errorCode == 0)
             RecordOutOfMemory();
@@ -121,7 +122,7 @@ long CMyDatabase::DumpTable(const UtCString& fileName, const UtCString& tableNam
     }
 }
 
-long CMyDatabase::Dump(UtCString statement, DumpJob& job)
+long CMyDatabase::DumpStatement(UtCString statement, DumpJob& job)
 {
     if (statement.IsEmpty())
         throw std::bad_alloc();
