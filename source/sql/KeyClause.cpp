@@ -3,6 +3,7 @@
 #include "sql/ValueText.h"
 #include "text/CodePoints.h"
 #include "text/TextBuilder.h"
+#include "text/TextSearch.h"
 
 namespace sql {
 namespace {
@@ -27,6 +28,11 @@ void AppendPiece(text::TextBuilder& text, const UtCString& piece) noexcept
 void AppendKeyword(text::TextBuilder& text, std::string_view keyword) noexcept
 {
     text.Append(keyword, UT_ENCODING_DEFAULT);
+}
+
+bool HasBacktick(const UtCString& name) noexcept
+{
+    return text::FindOneOf({name.View(), name.GetEncodingType()}, 0, {"`", UT_ENCODING_DEFAULT}) != text::notFound;
 }
 
 size_t SizeIn(eUtEncodingType encoding, std::string_view bytes, eUtEncodingType from) noexcept
@@ -82,7 +88,7 @@ void AppendOrderEntry(text::TextBuilder& list, const Condition& condition) noexc
 
 bool CanBeNamed(const Condition& condition) noexcept
 {
-    return condition.table.Search(0, '`') < 0 && condition.field.Search(0, '`') < 0;
+    return !HasBacktick(condition.table) && !HasBacktick(condition.field);
 }
 
 // KEPT K-84: a failure is a text in place of the clause, and nothing else reports it.

@@ -3,21 +3,12 @@
 #include "text/TextBuilder.h"
 #include "text/TextSearch.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace sql {
 namespace {
 
 constexpr std::string_view escaped("\r\n\t'\\\0", 6);
-
-constexpr std::array<bool, 256> isEscaped = [] {
-    std::array<bool, 256> table{};
-    for (const char character : escaped)
-        table[static_cast<unsigned char>(character)] = true;
-    return table;
-}();
 
 bool IsWide(eUtEncodingType encoding) noexcept
 {
@@ -47,13 +38,8 @@ bool IsNullWord(const UtCString& value) noexcept
 
 bool NeedsEscape(const UtCString& value) noexcept
 {
-    if (IsWide(value.GetEncodingType())) {
-        return text::FindOneOf({value.View(), value.GetEncodingType()}, 0, {escaped, UT_ENCODING_DEFAULT}) !=
-               text::notFound;
-    }
-    const std::string_view bytes = value.View(); // elsewhere these bytes are these characters
-    return std::any_of(bytes.begin(), bytes.end(),
-                       [](char byte) { return isEscaped[static_cast<unsigned char>(byte)]; });
+    return text::FindOneOf({value.View(), value.GetEncodingType()}, 0, {escaped, UT_ENCODING_DEFAULT}) !=
+           text::notFound;
 }
 
 UtCString Quoted(const UtCString& escapedValue)

@@ -167,20 +167,27 @@ char* Utf8::Put(char* out, uint32_t character) noexcept
 
 bool IsAscii(std::string_view bytes) noexcept
 {
+    const char* const data = bytes.data();
+    const size_t size = bytes.size();
     uint64_t seen = 0;
-    size_t at = 0;
-    for (; at + 8 <= bytes.size(); at += 8)
-        seen |= LoadWord(bytes.data() + at);
-    for (; at < bytes.size(); ++at)
-        seen |= static_cast<Byte>(bytes[at]);
+    if (size < 8) {
+        for (size_t at = 0; at < size; ++at)
+            seen |= static_cast<Byte>(data[at]);
+    } else {
+        for (size_t at = 0; at + 8 < size; at += 8)
+            seen |= LoadWord(data + at);
+        seen |= LoadWord(data + size - 8); // overlaps the word before, so that no byte is looked at alone
+    }
     return (seen & asciiMask) == 0;
 }
 
 bool KeepsBytes(std::string_view bytes, eUtEncodingType from, eUtEncodingType to) noexcept
 {
-    if (from == to || !IsConvertible(from) || !IsConvertible(to))
+    if (from == to)
         return true;
-    return !IsUtf16(from) && !IsUtf16(to) && IsAscii(bytes);
+    if (IsUtf16(from) || IsUtf16(to))
+        return !IsConvertible(from) || !IsConvertible(to);
+    return IsAscii(bytes) || !IsConvertible(from) || !IsConvertible(to);
 }
 
 size_t CountCharacters(std::string_view bytes, eUtEncodingType encoding) noexcept

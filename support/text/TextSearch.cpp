@@ -64,9 +64,32 @@ bool IsOneOf(uint32_t character, Tagged set) noexcept
     });
 }
 
+/// Whether a byte of the set is that character wherever it stands in the text, and no other byte is.
+bool IsSetOfBytes(Tagged text, Tagged set) noexcept
+{
+    return !IsUtf16(text.encoding) && !IsUtf16(set.encoding) && IsAscii(set.bytes);
+}
+
+/// The same search among bytes, with the set of ASCII characters as a table of bits.
+size_t FirstByteWhere(std::string_view bytes, size_t from, std::string_view set, bool wanted) noexcept
+{
+    uint64_t members[4] = {};
+    for (const char character : set)
+        members[static_cast<Byte>(character) >> 6] |= uint64_t{1} << (character & 63);
+    size_t at = from;
+    for (; at < bytes.size(); ++at) {
+        const Byte byte = static_cast<Byte>(bytes[at]);
+        if (((members[byte >> 6] >> (byte & 63) & 1) != 0) == wanted)
+            break;
+    }
+    return at;
+}
+
 /// The byte offset of the first character at or behind `from` for which being in `set` is `wanted`; else the size.
 size_t FirstWhere(Tagged text, size_t from, Tagged set, bool wanted) noexcept
 {
+    if (IsSetOfBytes(text, set))
+        return FirstByteWhere(text.bytes, from, set.bytes, wanted);
     return WithCodec(text.encoding, [&](auto codec) {
         const Byte* const end = End(text.bytes);
         for (const Byte* at = Begin(text.bytes) + from; at != end;) {
@@ -132,8 +155,7 @@ size_t LeadingEnd(Tagged text, Tagged set) noexcept
 
 size_t TrailingBegin(Tagged text, Tagged set) noexcept
 {
-    const bool isAsciiSet = !IsUtf16(set.encoding) && IsAscii(set.bytes);
-    if (IsSingleByte(text.encoding) || (isAsciiSet && text.encoding == UT_ENCODING_UTF8))
+    if (IsSingleByte(text.encoding) || IsSetOfBytes(text, set))
         return TrailingBeginByBytes(text, set);
     size_t begin = 0;
     for (size_t at = 0; at < text.bytes.size();) {

@@ -99,7 +99,8 @@ void UtCString::AssignConverted(std::string_view bytes, eUtEncodingType from, eU
 char* UtCString::Extend(size_t count) noexcept
 {
     const size_t size = m_size;
-    if (!Reserve(count <= largestSize ? size + count : count))
+    const bool hasRoom = count <= m_capacity - size;
+    if (!hasRoom && !Reserve(count <= largestSize ? size + count : count))
         return nullptr;
     SetSize(size + count);
     return m_data + size;
@@ -122,7 +123,7 @@ void UtCString::AppendText(std::string_view bytes, eUtEncodingType encoding) noe
     }
     if (text::KeepsBytes(bytes, encoding, m_encoding)) {
         if (char* const out = Extend(bytes.size()))
-            std::copy(bytes.begin(), bytes.end(), out);
+            std::memcpy(out, bytes.data(), bytes.size());
     } else if (char* const converted = Extend(text::ConvertedSize(bytes, encoding, m_encoding))) {
         text::ConvertTo(bytes, encoding, m_encoding, converted);
     }
