@@ -88,7 +88,7 @@ bool CMyRecordSet::HasPendingChanges() const noexcept
 
 void CMyRecordSet::CreateSetClause(UtCString& setClause)
 {
-    text::TextBuilder clause(setClause.GetEncodingType());
+    text::TextBuilder clause(setClause.GetEncodingType(), m_pendingChanges ? ExpectedSize() : 0);
     AppendSetList(clause);
     setClause = clause.Take();
 }
