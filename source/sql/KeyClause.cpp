@@ -27,7 +27,7 @@ void AppendPiece(text::TextBuilder& text, const UtCString& piece) noexcept
 
 void AppendKeyword(text::TextBuilder& text, std::string_view keyword) noexcept
 {
-    text.Append(keyword, UT_ENCODING_DEFAULT);
+    text.AppendAscii(keyword);
 }
 
 bool HasBacktick(const UtCString& name) noexcept
