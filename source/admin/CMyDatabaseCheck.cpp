@@ -9,10 +9,11 @@
 
 namespace {
 
-/// Adds all tables; false when there are none to be had.
+/// Adds all tables of the current database; false when there are none to be had.
 bool AddTables(CMyDatabase& database, sql::DatabaseCheck& check)
 {
     CMyRecordSet tables(database, UtCString());
+    // KEPT K-146: whatever the name of the database to be checked.
     if (tables.Select("SHOW TABLES", true, true) < 1)
         return false;
     do {

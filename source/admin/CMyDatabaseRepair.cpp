@@ -47,7 +47,7 @@ bool CMyDatabase::RepairDatabase(bool useFrm, bool checkFirst)
         }
         const sql::RepairOption option = useFrm ? sql::RepairOption::UseFrm : sql::RepairOption::Extended;
         const bool isRepaired = Repair(*this, tables, option);
-        if (!isRepaired && !useFrm)
+        if (!isRepaired && !useFrm) // KEPT K-142: all tables because of one.
             return RepairDatabase(true, checkFirst);
         return CheckDatabaseIntegrity(UtCString(), nullptr) == DB_CHECK_OK;
     });

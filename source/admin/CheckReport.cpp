@@ -4,6 +4,7 @@
 
 namespace admin {
 
+// KEPT K-145: a check that cannot run has no rows, and finds nothing.
 CheckReport::CheckReport(CMyDatabase& database, const UtCString& statement)
     : m_rows(database, UtCString()), m_hasRows(m_rows.Select(statement, true, true) > 0)
 {

@@ -31,6 +31,7 @@ constexpr const char* beforeDescription = "\n\n\nFehlerbeschreibung:\n";
 
 UtCString CheckTable(const UtCString& database, const UtCString& table, eUtEncodingType encoding) noexcept
 {
+    // KEPT K-144: with these options nobody looks into the data file.
     return (StatementBuilder(encoding) << "CHECK TABLE `" << database << "`.`" << table << "` FAST QUICK").Take();
 }
 
@@ -52,8 +53,14 @@ void DatabaseCheck::Add(const UtCString& table) noexcept
     m_longestName = std::max(m_longestName, table.GetLength());
 }
 
+UtCString DatabaseCheck::Take() noexcept
+{
+    return (m_statement << " FAST QUICK").Take(); // KEPT K-140: behind the comma of the last table.
+}
+
 UtCString DatabaseCheck::Filler() const noexcept
 {
+    // KEPT K-148: a number, where a column of blanks was meant.
     return UtCString(32.0, m_longestName - m_shortestName, m_encoding);
 }
 
@@ -74,11 +81,14 @@ Damage DamageOf(const CheckRow& row) noexcept
 
 bool IsFailedRepair(const UtCString& type, const UtCString& message) noexcept
 {
+    // KEPT K-143: a warning about rows that were dropped is no failure.
+    // KEPT K-147: the types in exactly this letter case, which is not the one of every server's rows.
     return type == "error" || (type == "status" && !message.EqualNoCase("ok"));
 }
 
 void AddCheckedTable(const CheckRow& row, UtCString& list)
 {
+    // KEPT K-141: the list is empty at first, so no table ever equals it.
     if (IsError(row.type) || !list.EqualNoCase(row.table))
         return;
     list += row.table;

@@ -23,7 +23,7 @@ public:
     DatabaseCheck(const UtCString& database, eUtEncodingType encoding) noexcept;
 
     void Add(const UtCString& table) noexcept;
-    UtCString Take() noexcept { return (m_statement << " FAST QUICK").Take(); } ///< The statement; to be called once.
+    UtCString Take() noexcept; ///< The statement; to be called once.
 
     /// The text between table and message in a description of damage: the number 32 with as many decimals as the
     /// longest table name has more characters than the shortest.
