@@ -44,6 +44,10 @@ bool NeedsEscape(const UtCString& value) noexcept
 
 UtCString Quoted(const UtCString& escapedValue)
 {
+    if (IsWide(escapedValue.GetEncodingType())) { // an odd last byte would take half of the closing apostrophe
+        const UtCString narrow(escapedValue, UT_ENCODING_UTF8);
+        return narrow.IsEmpty() == escapedValue.IsEmpty() ? Quoted(narrow) : UtCString();
+    }
     text::TextBuilder quoted(escapedValue.GetEncodingType(), escapedValue.GetByteLength() + 2);
     quoted.AppendAscii("'");
     quoted.AppendText(escapedValue);

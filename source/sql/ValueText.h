@@ -16,7 +16,7 @@ bool IsNullWord(const UtCString& value) noexcept;
 /// tab, apostrophe or backslash, or a zero byte, at which a statement would end.
 bool NeedsEscape(const UtCString& value) noexcept;
 
-/// A value, escaped where needed, between apostrophes.
+/// A value, escaped where needed, between apostrophes; one in UTF-16 becomes UTF-8.
 UtCString Quoted(const UtCString& escapedValue);
 
 /// The shortest text that reads back as the same number. Infinity and what is not a number give a text that is no

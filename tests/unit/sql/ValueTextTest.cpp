@@ -39,11 +39,20 @@ TEST(NeedsEscape, FindsExactlyTheSpecialCharacters)
     EXPECT_FALSE(sql::NeedsEscape(UtCString()));
 }
 
-TEST(Quoted, KeepsTheEncoding)
+TEST(Quoted, KeepsTheEncodingUnlessItIsUtf16)
 {
     EXPECT_EQ(sql::Quoted("x\xFC").View(), "'x\xFC'");
     EXPECT_EQ(sql::Quoted(UtCString()).View(), "''");
-    EXPECT_EQ(sql::Quoted(UtCString(UtCString("x"), UT_ENCODING_UTF16_LE)).View(), std::string("'\0x\0'\0", 6));
+    EXPECT_EQ(sql::Quoted(UtCString(UtCString("\xFC"), UT_ENCODING_UTF16_LE)).View(), "'\xC3\xBC'");
+}
+
+TEST(Quoted, EndsInAnApostropheAlsoBehindHalfACharacter)
+{
+    for (const eUtEncodingType encoding : {UT_ENCODING_UTF16_LE, UT_ENCODING_UTF16_BE}) {
+        const UtCString half(std::string_view("\xC3", 1), encoding);
+        EXPECT_EQ(sql::Quoted(half).View(), "'\xEF\xBF\xBD'");
+    }
+    EXPECT_EQ(sql::Quoted(UtCString("\xC3", UT_ENCODING_UTF8)).View(), "'\xC3'");
 }
 
 TEST(DoubleText, IsTheShortestThatReadsBack)
