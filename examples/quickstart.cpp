@@ -7,49 +7,15 @@
 
 #include "MyDB.h"
 
-#include "QuickstartData.h"
-#include "QuickstartTable.h"
+#include "ExampleServer.h"
+#include "ExampleTable.h"
+#include "TimeZoneData.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
-#include <stdexcept>
 #include <string>
 
 namespace {
-
-const UtCString tourName("vela_quickstart");
-
-// ---- Small helpers --------------------------------------------------------------------------------------------------
-
-UtCString Utf8(std::string_view bytes)
-{
-    return UtCString(bytes, UT_ENCODING_UTF8);
-}
-
-// The library reports failure by values. This program gives up at the first failure that it does not expect.
-[[noreturn]] void Fail(const std::string& what, CMyDatabase& database)
-{
-    const UtCString message(database.GetErrorMessage(), UT_ENCODING_UTF8);
-    throw std::runtime_error(what + ": " + message.string());
-}
-
-long Run(CMyDatabase& database, const UtCString& statement)
-{
-    const long affectedRows = database.ExecuteQuery(statement, false, nullptr, false);
-    if (affectedRows == -1)
-        Fail(statement.substr(0, 40).string(), database);
-    return affectedRows;
-}
-
-// A column of the current row as UTF-8 text; a dash for NULL.
-UtCString TextOf(const CMyRecordSet& rows, const char* column)
-{
-    UtCString text(UT_ENCODING_UTF8);
-    if (rows.IsFieldNull(column) || !rows.GetFieldText(column, text))
-        return Utf8("-");
-    return text;
-}
 
 UtCString DegreesOf(const CMyRecordSet& rows, const char* column)
 {
@@ -57,53 +23,6 @@ UtCString DegreesOf(const CMyRecordSet& rows, const char* column)
     text.Format("%.2f", rows.GetFieldDouble(column));
     return text;
 }
-
-// ---- Connect --------------------------------------------------------------------------------------------------------
-
-CMyServer ServerFromEnvironment()
-{
-    const char* address = std::getenv("MYDB_SERVER");
-    const char* user = std::getenv("MYDB_USER");
-    const char* password = std::getenv("MYDB_PASSWORD");
-    const std::string hostAndPort = address ? address : "";
-    const size_t colon = hostAndPort.rfind(':');
-    if (colon == std::string::npos)
-        throw std::runtime_error("set MYDB_SERVER=host:port, or run scripts/demo.sh");
-
-    CMyServer server;
-    server.SetHost(hostAndPort.substr(0, colon).c_str());
-    server.SetPort(std::strtoul(hostAndPort.c_str() + colon + 1, nullptr, 10));
-    server.SetCharset("utf8mb4"); // statements are composed and sent in UTF-8
-    if (user)
-        server.SetUser(user);
-    if (password)
-        server.SetPassword(password);
-    return server;
-}
-
-// The database of the tour: created with this object and dropped with it, whatever happens in between.
-class TourDatabase
-{
-public:
-    explicit TourDatabase(const CMyServer& server) : m_connection(server, "")
-    {
-        if (!m_connection.Open(false, ""))
-            Fail("no connection", m_connection);
-        Run(m_connection, UtCString("CREATE DATABASE ") + tourName + " CHARACTER SET utf8mb4");
-    }
-    ~TourDatabase()
-    {
-        const bool isDropped =
-            m_connection.ExecuteQuery(UtCString("DROP DATABASE ") + tourName, false, nullptr, false) != -1;
-        std::printf("\nThe database %s %s.\n", tourName.string(),
-                    isDropped ? "is dropped again" : "could not be dropped");
-    }
-    TourDatabase(const TourDatabase&) = delete;
-    TourDatabase& operator=(const TourDatabase&) = delete;
-
-private:
-    CMyDatabase m_connection;
-};
 
 // ---- Write ----------------------------------------------------------------------------------------------------------
 
@@ -301,9 +220,10 @@ void ShowError(CMyDatabase& database)
 void Tour()
 {
     const CMyServer server = ServerFromEnvironment();
-    const TourDatabase tour(server);
+    const UtCString name("vela_quickstart");
+    const ExampleDatabase tour(server, name);
 
-    CMyDatabase database(server, tourName);
+    CMyDatabase database(server, name);
     if (!database.Open(false, ""))
         Fail("no connection", database);
     CMyRecordSet version(database, "");

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the library and shows it reading a real database. Works on a fresh Debian 12, as root or with sudo.
+# Builds the library and shows it reading and changing a real database. Works on a fresh Debian 12, as root or with sudo.
 #
 # A private server is started for the demonstration and stopped at its end. To use another one:
 #   MYDB_SERVER=host:port MYDB_USER=user MYDB_PASSWORD=password scripts/demo.sh
@@ -26,6 +26,10 @@ fi
 say "Running examples/quickstart"
 echo
 private_server_run build/release/examples/quickstart
+echo
+say "Running examples/customers"
+echo
+private_server_run build/release/examples/customers
 echo
 say "Running examples/startup"
 echo

@@ -1,12 +1,22 @@
 // Prints a small table. Widths count characters, not bytes, so that a name with an accent takes one place.
 #pragma once
 
+#include "CMyRecordSet.h"
 #include "text/UtCString.h"
 
 #include <cstdio>
 #include <initializer_list>
 #include <string>
 #include <vector>
+
+/// A column of the current row as UTF-8 text; a dash for NULL.
+inline UtCString TextOf(const CMyRecordSet& rows, const char* column)
+{
+    UtCString text(UT_ENCODING_UTF8);
+    if (rows.IsFieldNull(column) || !rows.GetFieldText(column, text))
+        return UtCString("-", UT_ENCODING_UTF8);
+    return text;
+}
 
 class Table
 {
