@@ -185,6 +185,27 @@ TEST_F(EditRefusals, AValueThatNobodyCanEscapeIsNeverLeftOut)
     EXPECT_TRUE(records.ModifyEnd());
 }
 
+TEST_F(EditRefusals, AClosedConnectionIsOpenedToEscapeAValue)
+{
+    records.AppendStart();
+    m_database.Close();
+    EXPECT_TRUE(records.SetFieldText("NAME", "O'Neil"));
+    m_database.Close();
+    EXPECT_TRUE(records.SetFieldBuffer("ID", "x", 1));
+    EXPECT_TRUE(records.AppendEnd());
+    EXPECT_EQ(Changes().back(), "INSERT INTO t SET `t`.`NAME` = 'O\\'Neil', `t`.`ID` = 'x'");
+}
+
+TEST_F(EditRefusals, StampsAreNotLeftOutForATableThatCouldNotBeAskedBefore)
+{
+    m_client.OnListFieldsError("T", 2002);
+    records.AppendStart();
+    records.SetFieldText("NAME", "x");
+    m_client.OnListFields("T", {TextField("ERFASST"), DateField("ERF_TIME")});
+    EXPECT_TRUE(records.AppendEnd());
+    EXPECT_NE(Changes().back().find("`t`.`ERFASST` = 'tester'"), std::string::npos);
+}
+
 TEST_F(EditRefusals, WithoutAConnectionNothingIsSent)
 {
     EditedRecordSet unbound;
