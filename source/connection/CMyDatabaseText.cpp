@@ -2,9 +2,9 @@
 
 #include "client/ErrorText.h"
 #include "connection/Guarded.h"
+#include "text/TextBuilder.h"
 
 #include <memory>
-#include <string>
 
 namespace {
 
@@ -24,14 +24,21 @@ bool Escape(MYSQL* handle, std::string_view bytes, eUtEncodingType encoding, UtC
     return true;
 }
 
-/// Appends milliseconds as seconds with three decimals and a point.
-void AppendSeconds(std::string& text, unsigned long milliseconds)
+void AppendRowCount(text::TextBuilder& text, long count) noexcept
 {
-    const std::string thousandths = std::to_string(milliseconds % 1000);
-    text += std::to_string(milliseconds / 1000);
-    text += '.';
-    text.append(3 - thousandths.size(), '0');
-    text += thousandths;
+    text.AppendAscii("Query OK. ");
+    text.AppendText(UtCString(count));
+    text.AppendAscii(count == 1 ? " Record" : " Records");
+}
+
+/// Appends milliseconds as seconds with three decimals and a point.
+void AppendSeconds(text::TextBuilder& text, unsigned long milliseconds) noexcept
+{
+    const UtCString thousandths(milliseconds % 1000);
+    text.AppendText(UtCString(milliseconds / 1000));
+    text.AppendAscii(".");
+    text.AppendRepeated('0', 3 - thousandths.GetByteLength());
+    text.AppendText(thousandths);
 }
 
 } // namespace
@@ -66,23 +73,20 @@ void CMyDatabase::MakeEscapeString(const void* data, unsigned __int64 size, UtCS
 
 UtCString CMyDatabase::GetQueryInfo()
 {
-    return connection::Guarded(UtCString(), [&] {
-        if (!m_handle)
-            return UtCString();
-        const char* info = mysql_info(m_handle);
-        std::string text;
-        text.reserve(64); // asked for after every select
-        text = info ? info : "";
-        if (text.empty() && client::ErrorNumber(m_handle) == 0) {
-            text += "Query OK. ";
-            text += std::to_string(m_affectedRows);
-            text += m_affectedRows == 1 ? " Record" : " Records";
-        }
-        if (!text.empty()) {
-            text += " in ";
-            AppendSeconds(text, m_queryTime);
-            text += " Sec";
-        }
-        return UtCString(text, UT_ENCODING_DEFAULT);
-    });
+    if (!m_handle)
+        return UtCString();
+    const char* const info = mysql_info(m_handle);
+    const bool hasInfo = info && *info != '\0';
+    if (!hasInfo && client::ErrorNumber(m_handle) != 0)
+        return UtCString();
+    constexpr size_t usualSize = 80;
+    text::TextBuilder text(UT_ENCODING_DEFAULT, usualSize); // asked for after every change and select
+    if (hasInfo)
+        text.Append(info);
+    else
+        AppendRowCount(text, m_affectedRows);
+    text.AppendAscii(" in ");
+    AppendSeconds(text, m_queryTime);
+    text.AppendAscii(" Sec");
+    return text.Take();
 }

@@ -32,7 +32,8 @@ void AppendKeyword(text::TextBuilder& text, std::string_view keyword) noexcept
 
 bool HasBacktick(const UtCString& name) noexcept
 {
-    return text::FindOneOf({name.View(), name.GetEncodingType()}, 0, {"`", UT_ENCODING_DEFAULT}) != text::notFound;
+    const text::Tagged backtick{"`", UT_ENCODING_DEFAULT};
+    return text::Find({name.View(), name.GetEncodingType()}, 0, backtick, text::LetterCase::Exact).IsFound();
 }
 
 size_t SizeIn(eUtEncodingType encoding, std::string_view bytes, eUtEncodingType from) noexcept
