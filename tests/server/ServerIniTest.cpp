@@ -3,6 +3,7 @@
 #include "MyDbFunctions.h"
 
 #include "../../examples/EncipherPassword.h"
+#include "harness/AllocationFailure.h"
 #include "harness/GeneralLog.h"
 #include "harness/MessageRecorder.h"
 #include "harness/PrivateServer.h"
@@ -105,11 +106,34 @@ TEST_F(ServerIniOnAServer, DoesNotFindADatabaseWithAWrongPassword)
     EXPECT_FALSE(CMyServer().ExistDatabase(Folder() + "::information_schema"));
 }
 
-TEST_F(ServerIniOnAServer, FindsTheDatabaseOfAConnection)
+TEST_F(ServerIniOnAServer, FindsNoMissingDatabaseWhenMemoryRunsOut)
 {
     Write();
     const harness::TemporaryDatabase temporary;
-    EXPECT_TRUE(CMyDatabase(CMyServer(), Folder() + "::" + temporary.Name().c_str()).ExistDatabase());
+    const UtCString name = Folder() + "::" + temporary.Name().c_str();
+    const UtCString missing = name + "_is_not_there";
+    const CMyServer server;
+    for (const bool forGood : {false, true}) {
+        bool isFound = false;
+        EXPECT_GT(harness::ForEachAllocation(forGood, [&] { isFound |= server.ExistDatabase(missing); }), 0);
+        EXPECT_FALSE(isFound);
+        EXPECT_GT(harness::ForEachAllocation(forGood, [&] { isFound = server.ExistDatabase(name); }), 0);
+        EXPECT_TRUE(isFound) << "the last run has all its memory";
+    }
+}
+
+// The name is that of a database, and tells at the same time where the settings file lies.
+TEST_F(ServerIniOnAServer, FindsTheDatabaseOfAConnection)
+{
+    Write();
+    const std::string name = m_folder.Path().string() + "::mysql";
+    harness::RawConnection administrator(PrivateServer::Get().Administrator());
+    administrator.Run("CREATE DATABASE `" + name + "`");
+    CMyDatabase database(CMyServer(Folder()), name.c_str());
+    EXPECT_FALSE(database.ExistDatabase()) << "it is closed";
+    EXPECT_TRUE(database.Open(false, ""));
+    EXPECT_TRUE(database.ExistDatabase());
+    administrator.Run("DROP DATABASE `" + name + "`");
 }
 
 } // namespace
