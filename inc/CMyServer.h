@@ -143,7 +143,8 @@ public:
     /// plain name asks that of "\Server.ini" in the root of the current drive, so it is false where no such file is.
     ///
     /// False also for an empty name and when the settings cannot be loaded, the connection cannot be made or the
-    /// statement fails. One connection of its own and one statement; this object does not change.
+    /// statement fails; no message box is shown. One connection of its own, tried twice where the first attempt fails
+    /// (each failure counts towards the limit of MyDbSetMaxTryConnect), and one statement; this object does not change.
     bool ExistDatabase(const UtCString& name) const;
 
 private:

@@ -1,5 +1,6 @@
 #include "CMyDatabase.h"
 
+#include "harness/AllocationFailure.h"
 #include "harness/PrivateServer.h"
 #include "harness/ServerProcess.h"
 
@@ -119,6 +120,21 @@ TEST_F(UserCountOnAServer, ClosesTheAdministrativeConnection)
     for (int attempt = 0; attempt < 1000 && observer.Text(countNewer) != "0"; ++attempt)
         observer.Run("DO SLEEP(0.01)"); // the server drops it a moment later
     EXPECT_EQ(observer.Text(countNewer), "0");
+}
+
+TEST_F(UserCountOnAServer, EveryAllocationMayFail)
+{
+    ASSERT_TRUE(m_database.Open(false, ""));
+    for (const bool forGood : {false, true}) {
+        bool isPlausible = true;
+        const long failures = harness::ForEachAllocation(forGood, [&] {
+            const long count = m_database.CountUsersOnThisDatabase(false);
+            isPlausible = isPlausible && (count == 0 || count == 2);
+        });
+        EXPECT_GT(failures, 0);
+        EXPECT_TRUE(isPlausible);
+        EXPECT_EQ(m_database.CountUsersOnThisDatabase(false), 2);
+    }
 }
 
 TEST(UserCountWithoutPrivilege, SeesOnlyTheThreadsOfTheAdministrativeAccount)

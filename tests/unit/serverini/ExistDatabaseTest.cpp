@@ -129,12 +129,41 @@ TEST_F(ExistDatabase, ReadsTheColumnOfThatNameOnly)
     EXPECT_FALSE(m_server.ExistDatabase(NameOf("kalk")));
     m_client.Once("SHOW DATABASES", Reply::Rows({"Name"}, {{"kalk"}}));
     EXPECT_FALSE(m_server.ExistDatabase(NameOf("")));
+    m_client.Once("SHOW DATABASES", Reply::Rows({"DATABASE"}, {{"kalk"}}));
+    EXPECT_FALSE(m_server.ExistDatabase(NameOf("kalk"))) << "column names are compared exactly";
+    m_client.Once("SHOW DATABASES", Reply::Rows({"Name", "Database"}, {{"kalk", "other"}}));
+    EXPECT_FALSE(m_server.ExistDatabase(NameOf("kalk")));
+    m_client.Once("SHOW DATABASES", Reply::Rows({"Name", "Database"}, {{"other", "kalk"}}));
+    EXPECT_TRUE(m_server.ExistDatabase(NameOf("kalk")));
+}
+
+TEST_F(ExistDatabase, IgnoresLetterCaseBeyondAsciiInEveryEncoding)
+{
+    m_client.On("SHOW DATABASES", Reply::Rows({"Database"}, {{"K\xC3\x9C"
+                                                              "CHE"}}));
+    const UtCString name = NameOf("k\xFC"
+                                  "che");
+    EXPECT_TRUE(m_server.ExistDatabase(name));
+    EXPECT_TRUE(m_server.ExistDatabase(UtCString(name, UT_ENCODING_UTF8)));
+    EXPECT_TRUE(m_server.ExistDatabase(UtCString(name, UT_ENCODING_UTF16_LE)));
+    EXPECT_FALSE(m_server.ExistDatabase(NameOf("kuche")));
+}
+
+TEST_F(ExistDatabase, ClosesItsConnection)
+{
+    EXPECT_TRUE(m_server.ExistDatabase(NameOf("mysql"))) << "the first of several rows";
+    EXPECT_EQ(m_client.HandlesOpened(), 1U);
+    EXPECT_EQ(m_client.HandlesClosed(), 1U);
+    EXPECT_EQ(m_client.Statements(), std::vector<std::string>{"SHOW DATABASES"});
 }
 
 TEST_F(ExistDatabase, IsFalseWithoutAConnection)
 {
+    const harness::MessageRecorder messages;
     m_client.FailAlways(fake::Call::Connect, 2002);
     EXPECT_FALSE(m_server.ExistDatabase(NameOf("kalk")));
+    EXPECT_EQ(m_client.Connects().size(), 2U) << "one attempt, and one more";
+    EXPECT_TRUE(messages.Messages().empty());
 }
 
 TEST_F(ExistDatabase, OfAConnectionAsksForItsOwnName)

@@ -1,11 +1,13 @@
 #include "CMyDatabase.h"
 
+#include "connection/ProcessState.h"
 #include "fake_client/FakeClientFixture.h"
 #include "harness/FailurePoints.h"
 #include "harness/MessageRecorder.h"
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -69,6 +71,28 @@ TEST_F(UserCount, IgnoresTheLetterCaseOfTheDatabase)
 {
     ScriptThreads({{"lea", "KALK"}, {"lea", "Kalk"}, {"lea", "kalk2"}});
     EXPECT_EQ(CountAll(), 2);
+}
+
+// The server writes its names in UTF-8, whatever the encoding of ours.
+TEST_F(UserCount, IgnoresTheLetterCaseBeyondAsciiInEveryEncoding)
+{
+    ScriptThreads({{"j\xC3\x9CRGEN", "K\xC3\x9C"
+                                     "CHE"},
+                   {"lea", "k\xC3\xBC"
+                           "che"},
+                   {"lea", "kuche"}});
+    const UtCString name("k\xFC"
+                         "che");
+    for (const char* const charset : {"utf8mb4", "latin1"}) {
+        CMyServer server = ServerOf("kim");
+        server.SetUser(UtCString("j\xC3\xBCrgen", UT_ENCODING_UTF8));
+        server.SetCharset(charset);
+        CMyDatabase singleByte(server, name);
+        EXPECT_EQ(singleByte.CountUsersOnThisDatabase(false), 2) << charset;
+        EXPECT_EQ(singleByte.CountUsersOnThisDatabase(true), 1) << charset;
+        CMyDatabase unicode(server, UtCString(name, UT_ENCODING_UTF8));
+        EXPECT_EQ(unicode.CountUsersOnThisDatabase(false), 2) << charset;
+    }
 }
 
 TEST_F(UserCount, CountsTwoThreadsOfOneUserTwice)
@@ -173,6 +197,21 @@ TEST_F(UserCount, Kept_K76_IsZeroWhenTheAdministrativeLoginFails)
     EXPECT_EQ(CountOthers(), 0);
     EXPECT_TRUE(messages.Messages().empty());
     EXPECT_EQ(CountOthers(), 1) << "the next attempt finds the other user";
+}
+
+TEST_F(UserCount, AFailedAdministrativeLoginCountsTowardsTheLimit)
+{
+    const connection::ConnectLimit saved = std::exchange(connection::ProcessConnectLimit(), {0, 1});
+    ASSERT_TRUE(m_database.Open(false, ""));
+    m_client.FailNext(fake::Call::Connect, 1045);
+    EXPECT_EQ(CountAll(), 0);
+    EXPECT_TRUE(connection::ProcessConnectLimit().IsReached());
+    ScriptThreads({{"lea", "kalk"}});
+    m_client.ForgetCalls();
+    EXPECT_EQ(CountAll(), 0) << "the second connection is not tried any more";
+    EXPECT_TRUE(m_client.Connects().empty());
+    EXPECT_TRUE(m_database.IsOpen());
+    connection::ProcessConnectLimit() = saved;
 }
 
 TEST_F(UserCount, Kept_K77_CountsTheThreadsWithoutADatabaseForAnEmptyName)
