@@ -307,7 +307,8 @@ TEST_F(LoadServerIni, ReadsThePort)
     const PortCase cases[] = {{"3306", 3306},    {"1", 1},           {"65536", 65536}, {"4294967295", 4294967295UL},
                               {"4294967296", 0}, {"-1", 0},          {"0", 0},         {"", 0},
                               {"abc", 0},        {"3306x", 0},       {"33 06", 0},     {"3306.5", 0},
-                              {"0x10", 0},       {"3306 ; ours", 0}, {"00007", 7},     {"99999999999999999999", 0}};
+                              {"0x10", 0},       {"3306 ; ours", 0}, {"00007", 7},     {"99999999999999999999", 0},
+                              {"+3306", 3306},   {"\" 3306\"", 3306}};
     for (const PortCase& row : cases) {
         EXPECT_EQ(Load(std::string("Port=") + row.text + "\n"), row.port != 0) << row.text;
         EXPECT_EQ(m_server.GetPort(), row.port) << row.text;

@@ -181,6 +181,23 @@ TEST_F(StartUp, FillsFormatsWithAnyNumberOfPlaceholders)
     }
 }
 
+TEST_F(StartUp, FillsNothingIntoWhatItHasFilledIn)
+{
+    m_folder.Write("[SQL-Server]\r\nAlias=100%s %% %n\r\nPort=3307\r\n");
+    m_client.FailAlways(fake::Call::Connect, 1045, "user '%s' has no %s");
+    EXPECT_FALSE(m_server.ConnectApplicationToServer(m_folder.Path().c_str(), "", "%s|%s|%s", ""));
+    ASSERT_EQ(m_messages.Messages().size(), 1U);
+    EXPECT_EQ(m_messages.Messages()[0].text, "1045|1045: user '%s' has no %s|100%s %% %n::3307");
+}
+
+TEST_F(StartUp, AFormatEndsAtAZeroByte)
+{
+    const UtCString format(std::string_view("[%s]\0[%s]", 9), UT_ENCODING_DEFAULT);
+    EXPECT_FALSE(m_server.ConnectApplicationToServer("", "", format, ""));
+    ASSERT_EQ(m_messages.Messages().size(), 1U);
+    EXPECT_EQ(m_messages.Messages()[0].text, "[0]");
+}
+
 TEST_F(StartUp, ShowsTheBoxInTheEncodingOfItsFormat)
 {
     WriteSettings();
