@@ -183,10 +183,11 @@ public:
     /// this one, which is closed again. Changes nothing else of this object. A statement that fails there is shown in a
     /// message box.
     ///
-    /// 0 also when one of the connections cannot be made or the statement fails. Kept: so it is when "vela_root" cannot
-    /// log in, and without the PROCESS privilege its own threads are all that is counted; nothing tells. A failed login
-    /// counts towards the limit of MyDbSetMaxTryConnect, so do not ask again and again. Kept: without a database name
-    /// the threads without a database are counted, the one of the question included.
+    /// 0 also when one of the connections cannot be made or the statement fails, and too few when memory runs out.
+    /// Kept: 0 when "vela_root" cannot log in, and without the PROCESS privilege its own threads are all that is
+    /// counted; nothing tells. A failed login counts towards the limit of MyDbSetMaxTryConnect, so do not ask again and
+    /// again. Kept: without a database name the threads without a database are counted, the one of the question
+    /// included.
     long CountUsersOnThisDatabase(bool ignoreOwnUser);
 
     /// Whether this database has a table or view of this name (SHOW TABLES ... LIKE, one round trip). Blanks and
