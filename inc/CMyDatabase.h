@@ -8,8 +8,9 @@
 
 #include <mysql.h>
 
-class CProgressCtrl;
 class CMyTable;
+class CProgressCtrl;
+class CWnd;
 class UtCStringList;
 
 namespace connection {
@@ -531,6 +532,33 @@ public:
     long DumpTable(const UtCString& fileName, const UtCString& tableName, bool header, const UtCString& statement,
                    const UtCString& separator, const UtCString& enclosure, const UtCString& lineEnd,
                    CProgressCtrl* progress);
+
+    /// Copies this database, tables and rows and the files beside them, into a new one on the same or another server:
+    /// the one that the settings and the database name of `target` say. `parent` is not used.
+    ///
+    /// The order: FLUSH TABLES and LOCK TABLES ... READ for all tables here; each table is dumped into a file of the
+    /// folder for temporary files ("kunden.143005_tmp", 14:30:05 being the start); UNLOCK TABLES; the database is
+    /// created there with that server's default character set; for each table the statement of SHOW CREATE TABLE and a
+    /// LOAD DATA LOCAL INFILE, then its file is deleted; last, what lies in the directory of this database (GetDBPath)
+    /// and not in that of the target is copied there. Others can read and not write here until the UNLOCK. The wait
+    /// cursor is shown (MyDbUserInterface). Five statements per table, and eight.
+    ///
+    /// True: everything is there, and `target` is open. Kept: that does not mean that it is equal. The server warns and
+    /// nobody hears when it stores other values than the file has. Compare with CHECKSUM TABLE, see to it that the
+    /// target's server has utf8mb4 as its default, give both connections settings with "utf8mb4", and read the list of
+    /// what a copy cannot carry in docs/kept-behaviours.md.
+    ///
+    /// False at once, with nothing changed: this database cannot be opened or has no tables; `target` is not open; the
+    /// two name the same database; the target exists (CMyServer::ExistDatabase); the name of a database or table holds
+    /// "\", "/" or ":", or is "." or "..", or that of a database ends in a dot or blank; no memory. Kept: `target` has
+    /// to be open already, in a database that must not exist: create one, open it and drop it over another connection.
+    ///
+    /// False after a failure of any step: the locks are ended, the target is removed (RemoveDatabase, which closes it),
+    /// and the temporary files are deleted. GetErrorCode of the two connections is that of their last statement, which
+    /// need not be the one that failed. Kept: a target that exists and is not found by ExistDatabase (docs say when)
+    /// loses its directory this way. Kept: *the deletion does not stop by itself*; MyDbUserInterface::ContinueCleanup
+    /// is asked after each file, and a host that copies must answer it.
+    bool CopyDatabase(CMyDatabase& target, CWnd* parent);
 
 private:
     friend class CFieldCache;

@@ -103,3 +103,4 @@ static_assert(Has<__int64 (CMyDatabase::*)(const UtCString&)>(&CMyDatabase::GetV
 static_assert(Has<UtCString (CMyDatabase::*)(DB_INFOS)>(&CMyDatabase::GetInfo));
 static_assert(Has<long (CMyDatabase::*)(const UtCString&, const UtCString&, bool, const UtCString&, const UtCString&,
                                         const UtCString&, const UtCString&, CProgressCtrl*)>(&CMyDatabase::DumpTable));
+static_assert(Has<bool (CMyDatabase::*)(CMyDatabase&, CWnd*)>(&CMyDatabase::CopyDatabase));

@@ -31,6 +31,8 @@ public:
     const std::vector<Message>& Messages() const { return m_messages; }
     int WaitBegins() const { return m_waitBegins; }
     int WaitEnds() const { return m_waitEnds; }
+    /// What a failed copy has asked: the number of its files that were left each time.
+    const std::vector<unsigned long>& Cleanups() const { return m_cleanups; }
 
     int ShowMessage(const UtCString& text, unsigned int type) override
     {
@@ -44,11 +46,18 @@ public:
     }
     void BeginWait() override { ++m_waitBegins; }
     void EndWait() override { ++m_waitEnds; }
+    /// Yes until every file has been deleted once.
+    bool ContinueCleanup(unsigned long filesLeft) override
+    {
+        m_cleanups.push_back(filesLeft);
+        return filesLeft > 0;
+    }
 
 private:
     MyDbUserInterface* m_previous;
     std::vector<Message> m_messages;
     std::deque<int> m_answers;
+    std::vector<unsigned long> m_cleanups;
     int m_waitBegins = 0;
     int m_waitEnds = 0;
 };
