@@ -32,7 +32,8 @@ class CMyRecordSet;
 /// - A value for a column of another type is written as it is (K-85): "0) OR (1=1" for a number column addresses all
 ///   rows. Add numbers as numbers, or check the text.
 /// - Operators are written as they are. They come from the program, never from a user.
-/// - Names are not escaped. A column that the table does not have, or a name with a backtick, gives a failure text.
+/// - Names are not escaped. A column that the table does not have, or a name with a backtick, gives a failure text; so
+///   does, on a connection that speaks UTF-8 or UTF-16, a column with a name beyond ASCII (K-28).
 ///
 /// Nothing throws. When memory runs out while a condition is added or a key is copied, the key becomes incomplete: it
 /// keeps the conditions that it has, is not empty, and CreateClause gives a failure text, so that no statement
@@ -98,13 +99,15 @@ public:
 
     /// The conditions as text, without the word WHERE, in the encoding of the record set's connection (256 without
     /// one): one comparison in parentheses per condition, joined by AND. Asks the server for the table's columns, over
-    /// the record set's connection, when the table cache does not know them.
+    /// the record set's connection, when the table cache does not know them; it cannot while a stream is being read,
+    /// and the columns count as unknown then.
     ///
     /// A value that is "null" in any letter case makes IS NULL with the operator "=" and IS NOT NULL with every other,
     /// which is not written then.
     ///
     /// Empty for an empty key and for a null record set. A failure is reported by the text alone (K-84), which stands
-    /// in place of the clause and which a server takes for an unknown column (error 1054):
+    /// in place of the clause and which a server refuses: as an unknown column (error 1054), or with another error for
+    /// a name that is no plain one:
     /// - CMyKey_CreateClause_No_Tablename: the record set has no table;
     /// - CMyKey_CreateClause_Field_Not_Exist_TABLE_FIELD: the table does not have this column, the table itself is
     ///   unknown, or one of the names contains a backtick;

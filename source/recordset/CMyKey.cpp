@@ -1,11 +1,7 @@
 #include "CMyKey.h"
 
 #include "CMyRecordSet.h"
-#include "containers/UtArray.h"
-#include "containers/UtCMap.h"
 #include "metadata/TableCache.h"
-#include "recordset/PendingChanges.h"
-#include "recordset/ResultColumns.h"
 #include "sql/KeyClause.h"
 #include "sql/KeyValue.h"
 #include "text/TextBuilder.h"
@@ -246,7 +242,7 @@ size_t CMyKey::ClauseSize(const UtCString& table, eUtEncodingType encoding) cons
 UtCString CMyKey::CreateOrderClause(const CMyRecordSet* recordSet) const
 {
     const eUtEncodingType encoding = recordSet ? recordSet->GetEncodingType() : UT_ENCODING_DEFAULT;
-    if (!recordSet || recordSet->GetTableName().IsEmpty() || !HasWholeConditions())
+    if (!recordSet || IsEmpty() || !HasWholeConditions() || recordSet->GetTableName().IsEmpty())
         return UtCString(encoding);
     const UtCString& table = recordSet->GetTableName();
     const CTableCache* const entry = recordSet->EntryForTexts();

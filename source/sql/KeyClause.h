@@ -39,7 +39,7 @@ void AppendOrderEntry(text::TextBuilder& list, const Condition& condition) noexc
 /// Whether the names of a condition can stand between backticks.
 bool CanBeNamed(const Condition& condition) noexcept;
 
-// What stands in place of a clause. A server takes each of them for a column that does not exist.
+// What stands in place of a clause. A server refuses each of them: its beginning names no column.
 
 UtCString NoTableName(eUtEncodingType encoding) noexcept;
 UtCString FieldNotExist(const Condition& condition, eUtEncodingType encoding) noexcept;

@@ -169,7 +169,6 @@ void TakeComparison(Reader& reader, const Wanted& wanted, eUtEncodingType encodi
     if (wanted.column.isText) {
         const SqlToken& literal = reader.Next();
         Require(literal.kind == SqlToken::Text);
-        // backslash.
         const UtCString expected(UtCString(wanted.value, encoding), UT_ENCODING_UTF8);
         Require(!IsComparable(wanted) || literal.text == expected.View());
     } else {

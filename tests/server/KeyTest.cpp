@@ -245,6 +245,40 @@ TEST_F(Key, NamesColumnsWithBlanksAndQuotes)
     EXPECT_EQ(Found(CMyKey("select", 2, "=")), Ids{1});
 }
 
+TEST_F(Key, FindsColumnsWithUmlautsOnlyOverASingleByteConnection)
+{
+    Run("ALTER TABLE things ADD `gr\xC3\xB6sse` INT");
+    const CMyKey key("gr\xF6sse", 2, "=");
+    EXPECT_EQ(ClauseOf(key), UtCString("CMyKey_CreateClause_Field_Not_Exist_things_GR\xD6SSE"));
+    EXPECT_EQ(Found(key), Ids{-1});
+    EXPECT_EQ(m_utf8.GetErrorCode(), 1054);
+    CMyDatabase latin1(Server(), m_temporary.Name().c_str());
+    ASSERT_TRUE(latin1.Open(false, "")); // forgets the names as the other connection read them
+    ASSERT_NE(latin1.ExecuteQuery("SET NAMES latin1", false, nullptr, false), -1L);
+    Run("INSERT INTO things (`gr\xC3\xB6sse`) VALUES (1), (2)");
+    OpenRecordSet rows(latin1, "things");
+    EXPECT_EQ(rows.Select(key, "", ""), 1);
+    EXPECT_EQ(rows.GetFieldLong("ID"), 2);
+}
+
+TEST_F(Key, EndsInAnErrorWithNamesThatAreTooLong)
+{
+    Insert({"a"});
+    EXPECT_EQ(Found(CMyKey(std::string(65, 'x').c_str(), 1, "=")), Ids{-1});
+    EXPECT_EQ(m_utf8.GetErrorCode(), 1054);
+    EXPECT_EQ(Found(CMyKey(std::string(70000, 'x').c_str(), 1, "=")), Ids{-1});
+}
+
+TEST_F(Key, EndsInAnErrorWithSqlInPlaceOfAName)
+{
+    Insert({"a", "b"});
+    for (const char* name :
+         {"", " or 1=1", "id or 1=1 -- ", "(1) or 1=1", "'' or 1=1", ".id or 1=1", "; delete from things",
+          " union select * from things", " := 1 or 1=1", "\" or 1=1", "/* */ or 1=1"})
+        EXPECT_EQ(Found(CMyKey(name, 1, "=")), Ids{-1}) << name;
+    EXPECT_EQ(Found(UtCString()), (Ids{1, 2}));
+}
+
 TEST_F(Key, OrdersRows)
 {
     Run("INSERT INTO things (SIZE, PRICE) VALUES (1, 1), (2, 1), (2, 2)");

@@ -57,6 +57,45 @@ TEST_F(CreateClause, SaysThatTheColumnDoesNotExistWhereTheTableIsUnknown)
               "CMyKey_CreateClause_Field_Not_Exist_strangers_NAME");
 }
 
+TEST_F(CreateClause, LooksTheColumnsUpInTheCurrentTable)
+{
+    m_client.OnListFields("ORDERS", {TextField("age"), NumberField("total")});
+    EXPECT_EQ(Clause(CMyKey("age", 1, "=")), "(`customer`.`AGE` = 1)");
+    m_customers.SetTableName("Orders");
+    EXPECT_EQ(Clause(CMyKey("age", 1, "=")), "(`Orders`.`AGE` = '1')");
+    EXPECT_EQ(Clause(CMyKey("name", 1, "=")), "CMyKey_CreateClause_Field_Not_Exist_Orders_NAME");
+    EXPECT_EQ(Order(CMyKey("total", 1, "<>")), "Orders.TOTAL DESC");
+    EXPECT_EQ(Order(CMyKey("name", 1, "<>")), "");
+}
+
+TEST_F(CreateClause, AsksForTheColumnsOnceAndOnlyWhenThereAreConditionsForATable)
+{
+    const OpenRecordSet nameless(m_database, "");
+    const CMyKey key("name", "x", "=");
+    Clause(CMyKey());
+    Order(CMyKey());
+    key.CreateClause(&nameless);
+    key.CreateOrderClause(&nameless);
+    EXPECT_EQ(m_client.CallNames(), std::vector<std::string>{});
+    Clause(key);
+    Clause(key);
+    Order(key);
+    EXPECT_EQ(m_client.CountOf("mysql_list_fields"), 1U);
+}
+
+TEST_F(CreateClause, DoesNotLoadATableWhileAStreamIsRead)
+{
+    m_client.On("SELECT s", CountedRows(3));
+    ASSERT_TRUE(m_customers.SelectLargeResult("SELECT s"));
+    EXPECT_EQ(Clause(CMyKey("name", "x", "=")), "CMyKey_CreateClause_Field_Not_Exist_customer_NAME");
+    EXPECT_EQ(Order(CMyKey("name", "x", "=")), "");
+    EXPECT_EQ(m_customers.GetErrorMessage(), "Kein Fehler!");
+    const OpenRecordSet others(m_database, "customer");
+    EXPECT_EQ(Bytes(CMyKey("name", "x", "=").CreateClause(&others)), "(`customer`.`NAME` = 'x')");
+    EXPECT_EQ(Clause(CMyKey("name", "x", "=")), "(`customer`.`NAME` = 'x')"); // in the cache now
+    m_customers.Close();
+}
+
 TEST_F(CreateClause, TakesNameWithABacktickForAnUnknownColumn)
 {
     EXPECT_EQ(Clause(CMyKey("o`clock", "x", "=")), "CMyKey_CreateClause_Field_Not_Exist_customer_O`CLOCK");
@@ -145,6 +184,26 @@ TEST_F(CreateClause, Kept_K83_TestsForNotNullWithEveryOtherOperator)
         EXPECT_EQ(Clause(CMyKey("name", "NULL", op)), "(`customer`.`NAME` IS NOT NULL)") << op;
 }
 
+TEST_F(CreateClause, TestsForNullWhereADateOrAGuidIsNone)
+{
+    CMyKey key;
+    key.Add("born", CDateTime(), "=").Add("born", CDateTime(2023, 2, 29, 0, 0, 0), "=").Add("name", _GUID{}, "<");
+    EXPECT_EQ(Clause(key), "(`customer`.`BORN` IS NULL) AND (`customer`.`BORN` IS NULL) AND "
+                           "(`customer`.`NAME` IS NOT NULL)");
+}
+
+TEST_F(CreateClause, ReadsOperatorsAndNullInUtf16)
+{
+    const UtCString null("Null", UT_ENCODING_UTF16_LE, UT_ENCODING_DEFAULT);
+    const UtCString equals("=", UT_ENCODING_UTF16_LE, UT_ENCODING_DEFAULT);
+    const UtCString like("like", UT_ENCODING_UTF16_BE, UT_ENCODING_DEFAULT);
+    const UtCString less("<=", UT_ENCODING_UTF16_BE, UT_ENCODING_DEFAULT);
+    EXPECT_EQ(Clause(CMyKey("name", null, equals)), "(`customer`.`NAME` IS NULL)");
+    EXPECT_EQ(Clause(CMyKey("name", null, less)), "(`customer`.`NAME` IS NOT NULL)");
+    EXPECT_EQ(Clause(CMyKey("name", "a_", like)), "(`customer`.`NAME` like 'a\\_')");
+    EXPECT_EQ(Order(CMyKey("name", 1, less)), "customer.NAME DESC");
+}
+
 // --- Encodings
 
 class ClauseEncoding : public KeyFixture
@@ -172,6 +231,10 @@ TEST_F(ClauseEncoding, IsThatOfTheConnection)
     EXPECT_EQ(ClauseOn("utf8mb4", CMyKey("name", "x", "=")).GetEncodingType(), UT_ENCODING_UTF8);
     EXPECT_EQ(ClauseOn("utf8mb4", CMyKey("x", "x", "=")).GetEncodingType(), UT_ENCODING_UTF8);
     EXPECT_EQ(ClauseOn("utf8mb4", CMyKey()).GetEncodingType(), UT_ENCODING_UTF8);
+    CMyDatabase database{Server("utf8mb4"), "shop"};
+    const OpenRecordSet nameless(database, "");
+    EXPECT_EQ(CMyKey("name", "x", "=").CreateClause(&nameless).GetEncodingType(), UT_ENCODING_UTF8);
+    EXPECT_EQ(CMyKey("name", "x", "=").CreateClause(nullptr).GetEncodingType(), UT_ENCODING_DEFAULT);
     EXPECT_EQ(ClauseOn("utf16", CMyKey("name", "x", "=")),
               UtCString("(`customer`.`NAME` = 'x')", UT_ENCODING_UTF16_BE));
 }
@@ -229,8 +292,9 @@ class CreateOrderClause : public KeyFixture
 TEST_F(CreateOrderClause, NamesTheColumnsAndTurnsThoseWithLess)
 {
     CMyKey key("name", "ignored", "=");
-    key.Add("deleted_at", "null", "<").Add("age", 1, "<=").Add("id", 1, ">").Add("big", 1, " <");
-    EXPECT_EQ(Order(key), "customer.NAME, customer.DELETED_AT DESC, customer.AGE DESC, customer.ID, customer.BIG");
+    key.Add("deleted_at", "null", "<").Add("age", 1, "<=").Add("id", 1, ">").Add("big", 1, " <").Add("share", 1, "<>");
+    EXPECT_EQ(Order(key), "customer.NAME, customer.DELETED_AT DESC, customer.AGE DESC, customer.ID, customer.BIG, "
+                          "customer.SHARE DESC");
 }
 
 TEST_F(CreateOrderClause, IsEmptyWithoutConditionsRecordSetOrTable)
@@ -255,6 +319,9 @@ TEST_F(CreateOrderClause, HasTheEncodingOfTheConnection)
     const OpenRecordSet records(database, "customer");
     EXPECT_EQ(CMyKey("name", 1, "").CreateOrderClause(&records).GetEncodingType(), UT_ENCODING_UTF8);
     EXPECT_EQ(CMyKey("nowhere", 1, "").CreateOrderClause(&records).GetEncodingType(), UT_ENCODING_UTF8);
+    EXPECT_EQ(CMyKey().CreateOrderClause(&records).GetEncodingType(), UT_ENCODING_UTF8);
+    const OpenRecordSet nameless(database, "");
+    EXPECT_EQ(CMyKey("name", 1, "").CreateOrderClause(&nameless).GetEncodingType(), UT_ENCODING_UTF8);
     EXPECT_EQ(CMyKey("name", 1, "").CreateOrderClause(nullptr).GetEncodingType(), UT_ENCODING_DEFAULT);
 }
 

@@ -62,6 +62,17 @@ TEST(CMyKey, ReadsNothingOutOfRange)
     }
 }
 
+TEST(CMyKey, ReadsTheItemsOfHalfACondition)
+{
+    CMyKey key("a", 1, "<");
+    key.Add("b", 2, ">");
+    key.Remove(5);
+    EXPECT_EQ(key.GetFieldCount(), 5);
+    EXPECT_EQ(Items(key), (Texts{"A", "<", "1", "B", ">", ""}));
+    key.Remove(4);
+    EXPECT_EQ(Items(key), (Texts{"A", "<", "1", "B", "", ""}));
+}
+
 // --- Values, by overload
 
 struct ValueCase
@@ -99,11 +110,14 @@ INSTANTIATE_TEST_SUITE_P(
         ValueCase{"True", With(true), "TRUE"}, ValueCase{"False", With(false), "FALSE"},
         ValueCase{"DateTime", With(CDateTime(2023, 5, 7, 8, 9, 10)), "2023-05-07 08:09:10"},
         ValueCase{"Date", With(CDateTime(2023, 5, 7, 0, 0, 0)), "2023-05-07"},
+        ValueCase{"Time", With(CDateTime(2023, 5, 7, 8, 9, 10).GetTimeOnly()), "08:09:10"},
         ValueCase{"NullDate", With(CDateTime()), "null"},
+        ValueCase{"NoDate", With(CDateTime(2023, 2, 29, 0, 0, 0)), "null"},
         ValueCase{"Guid", With(guid), "{6b29fc40-ca47-1067-b31d-00dd010662da}"},
         ValueCase{"NullGuid", With(_GUID{}), "null"}, ValueCase{"TextKey", CMyKey("f", UtCString("a'"), ""), "a\\'"},
         ValueCase{"CharTextKey", CMyKey("f", "a'", ""), "a\\'"}, ValueCase{"IntKey", CMyKey("f", 5, ""), "5"},
         ValueCase{"LongKey", CMyKey("f", -5L, ""), "-5"}, ValueCase{"UnsignedLongKey", CMyKey("f", 5UL, ""), "5"},
+        ValueCase{"LargestUnsignedLongKey", CMyKey("f", 4294967295UL, ""), "4294967295"},
         ValueCase{"GuidKey", CMyKey("f", guid, ""), "{6b29fc40-ca47-1067-b31d-00dd010662da}"}),
     [](const auto& test) { return test.param.name; });
 
@@ -121,6 +135,17 @@ TEST(CMyKey, KeepsEncodingsAndZeroBytes)
     CMyKey key(UtCString("gr\xC3\xB6\xC3\x9F", UT_ENCODING_UTF8), value, UtCString("=", UT_ENCODING_UTF8));
     EXPECT_EQ(key.GetFieldValue(0).GetEncodingType(), UT_ENCODING_UTF8);
     EXPECT_EQ(Items(key), (Texts{"GR\xC3\x96\xC3\x9F", "=", "a\0\\'b"s}));
+}
+
+TEST(CMyKey, GivesAnEmptyTextAndACharTextAnEncoding)
+{
+    OpenKey key;
+    key.Add("a", UtCString(UT_ENCODING_UTF16_LE), "=").Add("b", "x", "=");
+    key.Append("c", UtCString("''", UT_ENCODING_UTF8), "=");
+    EXPECT_EQ(key.GetFieldValue(0).GetEncodingType(), UT_ENCODING_UTF16_LE);
+    EXPECT_EQ(key.GetFieldValue(1).GetEncodingType(), UT_ENCODING_DEFAULT);
+    EXPECT_EQ(key.GetFieldValue(2).GetEncodingType(), UT_ENCODING_UTF8);
+    EXPECT_EQ(Items(key), (Texts{"A", "=", "", "B", "=", "x", "C", "=", ""}));
 }
 
 TEST(CMyKey, TakesItsOwnItemsAsArguments)

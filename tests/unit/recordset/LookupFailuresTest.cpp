@@ -11,6 +11,7 @@ namespace {
 using fake::Call;
 using fake::Reply;
 using harness::FailureRun;
+using recordset_test::Bytes;
 using recordset_test::NumberField;
 using recordset_test::OpenRecordSet;
 using recordset_test::Server;
@@ -68,6 +69,26 @@ TEST_F(LookupFailures, OfASelectionByKey)
         if (run.Failed(Call::Query, "SELECT") && !run.IsLostConnection()) {
             EXPECT_EQ(rows, -1);
         }
+    });
+}
+
+TEST_F(LookupFailures, OfTheClausesOfAKey)
+{
+    const std::string whole = "(`orders`.`ID` = 7)";
+    const std::string unknown = "CMyKey_CreateClause_Field_Not_Exist_orders_ID";
+    ForEachFailure([&](FailureRun& run, OpenRecordSet& records) {
+        const bool isBound = !records.GetTableName().IsEmpty();
+        const std::string clause = Bytes(m_key.CreateClause(&records));
+        EXPECT_TRUE(isBound ? clause == whole || clause == unknown : clause == "CMyKey_CreateClause_No_Tablename")
+            << clause;
+        if (run.FailingCall() == 0) {
+            EXPECT_EQ(clause, whole);
+        }
+        if (run.Failed(Call::ListFields) && !run.IsLostConnection()) {
+            EXPECT_EQ(clause, unknown);
+        }
+        const std::string order = Bytes(m_key.CreateOrderClause(&records));
+        EXPECT_TRUE(order == "orders.ID" || (order.empty() && clause != whole)) << order;
     });
 }
 

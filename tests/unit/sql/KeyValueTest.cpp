@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -153,6 +154,19 @@ TEST(EscapedKeyValue, EscapesCharactersOfUtf16)
     EXPECT_EQ(sql::EscapedKeyValue(value.View(), value.GetEncodingType(), "LIKE"), expected);
     const UtCString bigEndian(value, UT_ENCODING_UTF16_BE);
     EXPECT_EQ(sql::EscapedKeyValue(bigEndian.View(), bigEndian.GetEncodingType(), "LIKE"), expected);
+}
+
+TEST(EscapedKeyValue, Kept_K81_CountsTheBackslashesOfUtf16Alike)
+{
+    const UtCString value("\\a\\", UT_ENCODING_UTF16_BE, UT_ENCODING_DEFAULT);
+    EXPECT_EQ(sql::EscapedKeyValue(value.View(), value.GetEncodingType(), "LIKE"), "\\\\\\\\a\\\\\\\\");
+    EXPECT_EQ(sql::EscapedKeyValue(value.View(), value.GetEncodingType(), "="), "\\\\a\\\\");
+}
+
+TEST(EscapedKeyValue, ReadsNothingBehindHalfAUnit)
+{
+    const std::vector<char> half = {'\\'}; // a block of memory that ends there
+    EXPECT_EQ(Bytes(sql::EscapedKeyValue({half.data(), half.size()}, UT_ENCODING_UTF16_LE, "LIKE")), "\\");
 }
 
 TEST(EscapedKeyValue, LeavesBytesOfUtf16CharactersAlone)
