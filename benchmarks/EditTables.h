@@ -9,22 +9,23 @@
 
 namespace bench {
 
-/// The tables that are written: "person", "audited" (the same with audit columns) and "ten" (of ten columns). They are
-/// in memory, so that no disk hides what the client costs.
+/// The tables that are written: "person", "audited" (the same with audit columns) and "ten" (of ten columns). In the
+/// engine MEMORY no disk hides what the client costs.
 class EditTables
 {
 public:
-    EditTables()
+    explicit EditTables(const std::string& engine)
     {
         const std::string person = "ID INT PRIMARY KEY, NAME VARCHAR(40), CITY VARCHAR(40), AGE SMALLINT, TOTAL BIGINT,"
                                    " WEIGHT DOUBLE, CREATED DATETIME";
         PlainConnection connection(GetAccess());
         connection.Run("SET GLOBAL max_heap_table_size = 1073741824"); // read once for each new connection
         PlainConnection roomy(GetAccess());
-        roomy.Run("CREATE TABLE person (" + person + ") ENGINE = MEMORY");
-        roomy.Run("CREATE TABLE audited (" + person +
-                  ", ERFASST VARCHAR(20), ERF_TIME DATETIME, MUTATOR VARCHAR(20), MUT_TIME DATETIME) ENGINE = MEMORY");
-        roomy.Run("CREATE TABLE ten (" + person + ", ACTIVE BOOL, RATIO FLOAT, SHORTNAME CHAR(8)) ENGINE = MEMORY");
+        roomy.Run("CREATE TABLE person (" + person + ") ENGINE = " + engine);
+        roomy.Run(
+            "CREATE TABLE audited (" + person +
+            ", ERFASST VARCHAR(20), ERF_TIME DATETIME, MUTATOR VARCHAR(20), MUT_TIME DATETIME) ENGINE = " + engine);
+        roomy.Run("CREATE TABLE ten (" + person + ", ACTIVE BOOL, RATIO FLOAT, SHORTNAME CHAR(8)) ENGINE = " + engine);
     }
 
     const Access& GetAccess() const { return m_database.GetAccess(); }

@@ -4,6 +4,7 @@
 //     benchmark_edit                     every loop, interleaved, and a table of times and ratios
 //     benchmark_edit --statements 5000   with another number of statements in each run (20,000)
 //     benchmark_edit --runs 9            the number of runs of each loop, whose median counts (5)
+//     benchmark_edit --engine InnoDB     with tables of another storage engine (MEMORY)
 //     benchmark_edit --loop NAME         one loop, once: for a profiler; also the texts that are built and not sent
 //
 // The server is the one that MYDB_SERVER=host:port, MYDB_USER and MYDB_PASSWORD name; scripts/bench.sh starts one. Run
@@ -30,6 +31,7 @@ struct Options
 {
     unsigned long statements = 20000;
     int runs = 5;
+    std::string engine = "MEMORY";
     std::string loop;
 };
 
@@ -42,6 +44,8 @@ Options ReadOptions(int count, char** values)
             options.statements = std::strtoul(values[i + 1], nullptr, 10);
         else if (option == "--runs")
             options.runs = std::atoi(values[i + 1]);
+        else if (option == "--engine")
+            options.engine = values[i + 1];
         else if (option == "--loop")
             options.loop = values[i + 1];
     }
@@ -114,11 +118,11 @@ private:
 int main(int count, char** values)
 try {
     const Options options = ReadOptions(count, values);
-    const EditTables tables;
+    const EditTables tables(options.engine);
     const Loops loops(tables, options.statements);
     if (!options.loop.empty())
         return bench::RunOnly(loops.Writing(), options.loop) || bench::RunOnly(loops.Building(), options.loop) ? 0 : 2;
-    std::printf("%lu statements, median of %d runs\n", options.statements, options.runs);
+    std::printf("%lu statements, %s, median of %d runs\n", options.statements, options.engine.c_str(), options.runs);
     return bench::Measure(loops.Writing(), options.runs) ? 0 : 1;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

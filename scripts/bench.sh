@@ -4,7 +4,7 @@
 #
 #   bench.sh [--rows N] [--statements N] [--runs N]
 #                          times: tables of seconds, processor seconds and ratios
-#   bench.sh --edit [--statements N] [--runs N]
+#   bench.sh --edit [--statements N] [--runs N] [--engine NAME]
 #                          the same of writing alone
 #   bench.sh --bulk [--rows N] [--runs N]
 #                          the same of dumping a table and copying a database
