@@ -48,7 +48,8 @@ long CMyRecordSet::GetMaxValue(const UtCString& sql) const
         return -1;
     return Guarded(-1L, [&] {
         CMyRecordSet query(m_database, m_tableName);
-        if (query.GetTableName() != m_tableName) // not opened, or no memory for the table of a clause
+        query.SetTableName(m_tableName);         // also when the connection could not be opened yet
+        if (query.GetTableName() != m_tableName) // no memory for the table of a clause
             return -1L;
         return SingleNumber(query, query.Select(sql, true, false));
     });

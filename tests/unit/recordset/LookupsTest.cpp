@@ -117,6 +117,22 @@ TEST_F(Lookups, OpenAClosedConnection)
     EXPECT_EQ(m_records.GetMaxValue("SELECT 1 AS N"), 1);
 }
 
+TEST_F(Lookups, GoOnWhenTheSecondAttemptToOpenTheConnectionSucceeds)
+{
+    m_client.OnPrefix("SELECT", Number("1"));
+    const auto afterAFailedConnect = [&](auto lookup) {
+        m_database.Close();
+        m_client.FailNext(fake::Call::Connect, 2003);
+        return lookup();
+    };
+    EXPECT_EQ(afterAFailedConnect([&] { return m_records.CountSQL("id = 1"); }), 1);
+    EXPECT_EQ(LastStatement(), "SELECT COUNT(*) FROM `orders` WHERE id = 1");
+    EXPECT_TRUE(afterAFailedConnect([&] { return m_records.ExistRecord("id = 1"); }));
+    EXPECT_EQ(afterAFailedConnect([&] { return m_records.GetMaxValue("LIMIT 1"); }), 1);
+    EXPECT_EQ(LastStatement(), "SELECT orders.* FROM orders LIMIT 1");
+    EXPECT_EQ(afterAFailedConnect([&] { return m_records.GetMaxFieldValue("ID", "orders"); }), 1);
+}
+
 TEST_F(Lookups, FailWithoutAMessageWhenTheConnectionCannotBeOpened)
 {
     m_database.Close();
