@@ -15,17 +15,13 @@ namespace {
 
 using Conversion = UtCString (*)(const UtCString&);
 
-/// The text that is compared. Throws when there is no memory for it: a text lost would look like an empty one.
-UtCString SearchedText(const CMyRecordSet& records, unsigned long no, eUtEncodingType encoding, Conversion convert)
+/// The column's text in lower case. Throws when there is no memory for it: a text lost would look like an empty one.
+void ReadLowerCase(const CMyRecordSet& records, unsigned long no, UtCString& text)
 {
-    UtCString text(encoding);
     records.GetFieldText(no, text);
     text.SetToLower();
     if (text.IsEmpty() && !records.IsFieldEmpty(no))
         throw std::bad_alloc();
-    if (convert)
-        return convert(text);
-    return text;
 }
 
 } // namespace
@@ -42,8 +38,10 @@ long CMyRecordSet::FindRow(const UtCString& field, const UtCString& value, long 
         const eUtEncodingType encoding = GetEncodingType();
         const sql::TextPattern pattern{UtCString(encoding)}; // KEPT K-100: empty whatever `value` says.
         const long step = forward ? 1 : -1;
+        UtCString text(encoding); // of all rows in turn, so that its memory serves them all
         for (long row = startRow; MoveTo(row); row += step) {
-            if (pattern.Matches(SearchedText(*this, no, encoding, convert)))
+            ReadLowerCase(*this, no, text);
+            if (convert ? pattern.Matches(convert(text)) : pattern.Matches(text))
                 return GetCurrentRow();
         }
         return -1L;

@@ -153,6 +153,15 @@ TEST_P(LookupMemory, ASearchFindsNoTextThatItCouldNotRead)
     EXPECT_TRUE(isDocumented);
 }
 
+TEST_P(LookupMemory, ASearchTakesNoMemoryForEachRow)
+{
+    ASSERT_EQ(m_records.Select("ORDER BY ID"), 5);
+    m_records.MoveTo(0); // which makes the index of the rows
+    const long allocations =
+        harness::ForEachAllocation(GetParam(), [&] { m_records.FindRow(m_column, "x", 0, true, nullptr); });
+    EXPECT_EQ(allocations, 1);
+}
+
 TEST_P(LookupMemory, ARowIsCopiedWholeOrNotWritten)
 {
     CMyRecordSet source(m_database, table.c_str());

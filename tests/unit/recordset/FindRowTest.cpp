@@ -165,6 +165,34 @@ TEST_F(FindRow, GivesTheConversionTextsInTheEncodingOfTheConnection)
     EXPECT_EQ(seenBytes, "\xE4rger");
 }
 
+TEST_F(FindRow, GivesTheConversionUtf8OnAConnectionThatSpeaksIt)
+{
+    CMyDatabase utf8(recordset_test::Server("utf8mb4"), "shop");
+    OpenRecordSet records(utf8, "orders");
+    m_client.On("SELECT * FROM orders", Reply::Rows({TextField("NAME")}, {{"\xC3\x84rger"}}));
+    m_client.OnListFields("ORDERS", {TextField("NAME")});
+    ASSERT_EQ(records.Select(""), 1);
+    EXPECT_EQ(records.FindRow("NAME", "x", 0, true, Watch), -1);
+    EXPECT_EQ(seenEncoding, UT_ENCODING_UTF8);
+    EXPECT_EQ(seenBytes, "\xC3\xA4rger");
+}
+
+CMyRecordSet* closedRecords;
+
+UtCString CloseRecords(const UtCString&)
+{
+    closedRecords->Close();
+    return "";
+}
+
+TEST_F(FindRow, SurvivesAConversionThatClosesTheRecordSet)
+{
+    Select({"a", "b"});
+    closedRecords = &m_records;
+    EXPECT_EQ(m_records.FindRow("NAME", "x", 1, false, CloseRecords), -1);
+    EXPECT_FALSE(m_records.IsOpen());
+}
+
 UtCString Throw(const UtCString&)
 {
     throw std::runtime_error("host");
