@@ -211,7 +211,8 @@ public:
     // and pending changes of this one stay, also while it streams. What they leave behind is the last statement and
     // error of the connection. They take a ping and a statement; a closed connection is opened, in up to two attempts.
     // A statement that fails is also shown in a message box (MyDbSetUserInterface), here and in the selections. When
-    // there is no memory for a statement nothing is sent and the result is the failure value.
+    // there is no memory for a statement nothing is sent and the result is the failure value. What is sent ends at the
+    // first zero byte, which can cut a condition short: never pass one on that a text from outside may have brought.
     //
     // A key that does not fit the table, or for which there is no memory, gives a condition that the server refuses
     // (CMyKey::CreateClause): a failure.
@@ -300,9 +301,16 @@ public:
     /// set itself.
     ///
     /// Values are read as GetFieldText reads them, pending changes of `source` included, and set by the type of the
-    /// column of the bound table; the bytes of a blob arrive as they are. The setters' rule for the text "null" holds
-    /// here as well. NULL stays NULL. Kept: in a NOT NULL column an empty text takes its place, which a server in
-    /// strict mode refuses in date and number columns; set these yourself afterwards.
+    /// column of the bound table; the bytes of a blob arrive as they are. Those of a BINARY column go through
+    /// Windows-1252: over a UTF-8 connection, from 0x80 on they arrive as letters. Take such a column out afterwards
+    /// (RemoveFieldInSetList) and set it with SetFieldBlob. The setters' rule for the text "null" holds here as well.
+    /// NULL stays NULL. Kept: in a NOT NULL column an empty text takes its place, which a server in strict mode refuses
+    /// in date and number columns; set these yourself afterwards.
+    ///
+    /// Kept: into a column that is no text, blob, memo or date-time a value goes bare and unchecked, as with
+    /// SetFieldOperation. What a text column of `source` holds becomes SQL there ("1, NAME = 'x'"), an empty text a
+    /// statement that the server refuses, and a BIT value a wrong number or nothing that can be sent. Copy between
+    /// columns of one kind only.
     ///
     /// True: everything that can be copied is entered, which may be nothing, also because the columns of the bound
     /// table cannot be read. False: `source` has no current row or no edit bracket is open here, and nothing is

@@ -137,6 +137,19 @@ TEST_F(Lookup, TheMaximumIsThatOfTheColumn)
     EXPECT_EQ(m_messages.Messages().size(), 1U);
 }
 
+TEST_F(Lookup, EndsItsStatementAtAZeroByte)
+{
+    MakeOrders(10);
+    const CMyRecordSet records(m_database, "orders");
+    const UtCString condition(std::string_view("id > 5\0 AND id > 8", 18), UT_ENCODING_DEFAULT);
+    m_log.Mark();
+    EXPECT_EQ(records.CountSQL(condition), 5);
+    EXPECT_FALSE(records.ExistRecord(condition)); // its parenthesis is not closed
+    EXPECT_EQ(Sent(),
+              (Statements{"SELECT COUNT(*) FROM `orders` WHERE id > 5", "SELECT '1' FROM `orders` WHERE (id > 5"}));
+    EXPECT_EQ(m_database.GetErrorCode(), 1064U);
+}
+
 TEST_F(Lookup, FindsTheFirstEmptyTextOrNull)
 {
     Run("CREATE TABLE names (ID INT, NAME VARCHAR(20))");
@@ -289,6 +302,68 @@ TEST_F(CopyRow, OfItselfAndOfAStream)
     }
     EXPECT_EQ(m_temporary.Sql().Column("SELECT NAME FROM orders ORDER BY ID"),
               (Statements{"order 1", "order 2", "order 3", "order 2", "order 3"}));
+}
+
+TEST_F(CopyRow, OfAStreamOverAUtf8ConnectionKeepsItsLetters)
+{
+    MakeOrders(2);
+    Run("ALTER TABLE orders MODIFY ID INT AUTO_INCREMENT");
+    Run("UPDATE orders SET NAME = CONCAT('\xC3\xA4\xF0\x9F\x98\x80 ', ID)");
+    CMyRecordSet stream(m_utf8, "orders");
+    ASSERT_TRUE(stream.SelectLargeResult("SELECT * FROM orders ORDER BY ID"));
+    EXPECT_TRUE(Copy(stream, stream)) << Bytes(stream.GetModifyErrorMessage()); // into itself, while it streams
+    ASSERT_TRUE(stream.MoveNext());
+    EXPECT_TRUE(Copy(stream, stream)) << Bytes(stream.GetModifyErrorMessage());
+    EXPECT_FALSE(stream.MoveNext());
+    EXPECT_EQ(m_temporary.Sql().Column("SELECT NAME FROM orders ORDER BY ID"),
+              (Statements{"\xC3\xA4\xF0\x9F\x98\x80 1", "\xC3\xA4\xF0\x9F\x98\x80 2", "\xC3\xA4\xF0\x9F\x98\x80 1",
+                          "\xC3\xA4\xF0\x9F\x98\x80 2"}));
+}
+
+TEST_F(CopyRow, TakesBinaryColumnsThroughWindows1252)
+{
+    Run("CREATE TABLE bins (ID INT AUTO_INCREMENT PRIMARY KEY, B VARBINARY(20))");
+    Run("INSERT INTO bins (B) VALUES (X'41E481FF')");
+    for (CMyDatabase* database : {&m_database, &m_utf8}) {
+        CMyRecordSet records(database, "bins");
+        ASSERT_EQ(records.Select("ID = 1"), 1);
+        EXPECT_TRUE(Copy(records, records)) << Bytes(records.GetModifyErrorMessage());
+    }
+    EXPECT_EQ(m_temporary.Sql().Column("SELECT HEX(B) FROM bins ORDER BY ID"),
+              (Statements{"41E481FF", "41E481FF", "41C3A4C281C3BF"}));
+    CMyRecordSet records(m_utf8, "bins"); // what to do instead
+    ASSERT_EQ(records.Select("ID = 1"), 1);
+    CByteArray bytes;
+    ASSERT_TRUE(records.GetFieldBlob("B", bytes));
+    EXPECT_TRUE(records.AppendStart() && records.CopyRecord(records) && records.RemoveFieldInSetList("B") &&
+                records.SetFieldBlob("B", bytes) && records.AppendEnd());
+    EXPECT_EQ(m_temporary.Sql().Text("SELECT HEX(B) FROM bins WHERE ID = 4"), "41E481FF");
+}
+
+TEST_F(CopyRow, MakesWrongNumbersOfBitsAndStatementsOfTexts)
+{
+    Run("CREATE TABLE bits (ID INT AUTO_INCREMENT PRIMARY KEY, B BIT(8))");
+    Run("INSERT INTO bits (B) VALUES (49), (1), (0)"); // the character 1, a control character and a zero byte
+    CMyRecordSet records(m_database, "bits");
+    ASSERT_EQ(records.Select("ORDER BY ID"), 3);
+    EXPECT_TRUE(Copy(records, records));
+    ASSERT_TRUE(records.MoveNext());
+    EXPECT_FALSE(Copy(records, records));
+    EXPECT_EQ(m_database.GetErrorCode(), 1064U);
+    ASSERT_TRUE(records.MoveNext());
+    EXPECT_FALSE(Copy(records, records));
+    EXPECT_EQ(m_temporary.Sql().Column("SELECT B + 0 FROM bits ORDER BY ID"), (Statements{"49", "1", "0", "1"}));
+    Run("CREATE TABLE texts (N VARCHAR(20))");
+    Run("CREATE TABLE numbers (N INT, ADMIN INT DEFAULT 0)");
+    Run("INSERT INTO texts VALUES ('1, ADMIN = 1'), ('')");
+    CMyRecordSet texts(m_database, "texts");
+    CMyRecordSet numbers(m_database, "numbers");
+    ASSERT_EQ(texts.Select(""), 2);
+    EXPECT_TRUE(Copy(texts, numbers));
+    EXPECT_EQ(m_temporary.Sql().Text("SELECT ADMIN FROM numbers"), "1");
+    ASSERT_TRUE(texts.MoveNext());
+    EXPECT_FALSE(Copy(texts, numbers));
+    EXPECT_EQ(m_database.GetErrorCode(), 1064U);
 }
 
 TEST_F(CopyRow, OverAConnectionThatIsKilledOrClosedInBetween)

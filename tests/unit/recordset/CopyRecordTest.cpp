@@ -63,6 +63,36 @@ TEST_F(CopyRecord, EntersEachValueByTheTypeOfItsTargetColumn)
                         "`orders`.`D` = 4.5");
 }
 
+TEST_F(CopyRecord, PutsMemosAndDatesBetweenApostrophesAndDecimalsBare)
+{
+    const std::vector<Field> fields = {
+        NumberField("DAY", MYSQL_TYPE_DATE),
+        NumberField("AT", MYSQL_TYPE_TIME),
+        NumberField("STAMP", MYSQL_TYPE_TIMESTAMP),
+        NumberField("PRICE", MYSQL_TYPE_NEWDECIMAL),
+        {.name = "MEMO", .type = MYSQL_TYPE_BLOB, .flags = BLOB_FLAG, .charsetnr = 45},
+    };
+    Script(fields, fields, {"2024-03-05", "12:30:00", "2024-03-05 14:07:09", "12.50", "long"});
+    EXPECT_TRUE(m_target.CopyRecord(m_source));
+    EXPECT_EQ(Insert(), "INSERT INTO orders SET `orders`.`DAY` = '2024-03-05', `orders`.`AT` = '12:30:00', "
+                        "`orders`.`STAMP` = '2024-03-05 14:07:09', `orders`.`PRICE` = 12.50, `orders`.`MEMO` = 'long'");
+}
+
+TEST_F(CopyRecord, Kept_K89_EntersATextForANumberColumnBareAndUnchecked)
+{
+    Script({NumberField("A"), NumberField("BITS", MYSQL_TYPE_BIT), NumberField("C")},
+           {TextField("A"), NumberField("BITS", MYSQL_TYPE_BIT), TextField("C")}, {"1, `B` = 2", "1", ""});
+    EXPECT_TRUE(m_target.CopyRecord(m_source));
+    EXPECT_EQ(Insert(), "INSERT INTO orders SET `orders`.`A` = 1, `B` = 2, `orders`.`BITS` = 1, `orders`.`C` =");
+}
+
+TEST_F(CopyRecord, TakesTheTextNullForNullAsTheSettersDo)
+{
+    Script({With(TextField("A"), NOT_NULL_FLAG), TextField("B")}, {TextField("A"), TextField("B")}, {"Null", "nul"});
+    EXPECT_TRUE(m_target.CopyRecord(m_source));
+    EXPECT_EQ(Insert(), "INSERT INTO orders SET `orders`.`A` = null, `orders`.`B` = 'nul'");
+}
+
 TEST_F(CopyRecord, LeavesOutKeysAuditColumnsAndUnknownColumns)
 {
     std::vector<Field> target;
@@ -188,6 +218,45 @@ TEST_F(CopyRecord, WorksInTheBracketOfAModification)
     m_client.OnPrefix("UPDATE", Reply::Ok(1, 0, "Rows matched: 1  Changed: 1  Warnings: 0"));
     EXPECT_TRUE(m_target.ModifyEnd());
     EXPECT_EQ(LastStatement(), "UPDATE orders SET `orders`.`A` = 'x' WHERE (ID = 1)");
+}
+
+TEST_F(CopyRecord, WorksInTheBracketOfADeletion)
+{
+    Script({TextField("A")}, {TextField("A")}, {"x"});
+    ASSERT_TRUE(m_target.ModifyStart("ID = 1"));
+    ASSERT_TRUE(m_target.DeleteRec());
+    EXPECT_TRUE(m_target.CopyRecord(m_source));
+    EXPECT_TRUE(m_target.IsRecordModified());
+    EXPECT_TRUE(m_target.IsDeleted());
+}
+
+TEST_F(CopyRecord, TakesPendingChangesOfTheSourceForItsValues)
+{
+    Script({TextField("A"), TextField("B"), TextField("C")}, {TextField("A"), TextField("B"), TextField("C")},
+           {"a", "b", std::nullopt});
+    m_source.Set("B", "changed");
+    m_source.Set("C", "hidden by the NULL");
+    EXPECT_TRUE(m_target.CopyRecord(m_source));
+    EXPECT_EQ(Insert(), "INSERT INTO orders SET `orders`.`A` = 'a', `orders`.`B` = 'changed', `orders`.`C` = null");
+}
+
+TEST_F(CopyRecord, EntersTheLastOfSeveralColumnsWithOneName)
+{
+    Script({TextField("A"), TextField("B")}, {TextField("A"), TextField("B"), TextField("a")}, {"1", "2", "3"});
+    EXPECT_TRUE(m_target.CopyRecord(m_source));
+    EXPECT_EQ(Insert(), "INSERT INTO orders SET `orders`.`A` = '3', `orders`.`B` = '2'");
+}
+
+TEST_F(CopyRecord, FailsAndKeepsTheBracketFromWritingWhenAValueCannotBeEscaped)
+{
+    Script({TextField("A"), TextField("B")}, {TextField("A"), TextField("B")}, {"plain", "it's"});
+    m_target.GetTableFieldPtr("A"); // into the cache
+    m_database.Close();
+    m_client.FailAlways(fake::Call::Connect, 2003);
+    EXPECT_FALSE(m_target.CopyRecord(m_source));
+    m_client.ForgetCalls();
+    EXPECT_FALSE(m_target.AppendEnd());
+    EXPECT_TRUE(m_client.Statements().empty());
 }
 
 TEST_F(CopyRecord, IsTrueWhenThereIsNothingToCopy)

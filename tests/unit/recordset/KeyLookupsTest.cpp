@@ -3,6 +3,8 @@
 #include "CMyKey.h"
 #include "harness/MessageRecorder.h"
 
+#include <stdexcept>
+
 namespace {
 
 using fake::Reply;
@@ -103,8 +105,12 @@ public:
     bool Open(bool interactive, const UtCString& databaseName) override
     {
         opens.push_back({interactive, std::string(databaseName.View())});
-        return CMyDatabase::Open(interactive, databaseName);
+        if (throws)
+            throw std::runtime_error("host");
+        return CMyDatabase::Open(interactive, databaseName) && succeeds;
     }
+    bool succeeds = true;
+    bool throws = false;
     std::vector<std::pair<bool, std::string>> opens;
 };
 
@@ -121,6 +127,28 @@ TEST_F(KeyLookups, SelectOpensAClosedConnectionThroughItsVirtualOpen)
     EXPECT_EQ(records.Select(CMyKey(), "", ""), 1);
     const std::pair<bool, std::string> quietly(false, "");
     EXPECT_EQ(database.opens, (std::vector{quietly, quietly}));
+}
+
+TEST_F(KeyLookups, SelectGoesOnWithAHandleThatAFailedOpenLeaves)
+{
+    WatchedDatabase database(Server(), "shop");
+    CMyRecordSet records(database, "orders");
+    m_client.OnPrefix("SELECT", CountedRows(1));
+    database.Close();
+    database.succeeds = false;
+    EXPECT_EQ(records.Select(CMyKey(), "", ""), 1);
+}
+
+TEST_F(KeyLookups, FailWhenOpenThrows)
+{
+    WatchedDatabase database(Server(), "shop");
+    CMyRecordSet records(database, "orders");
+    database.Close();
+    database.throws = true;
+    EXPECT_EQ(records.Select(CMyKey(), "", ""), -1);
+    EXPECT_EQ(records.CountSQL(CMyKey()), -1);
+    EXPECT_FALSE(records.ExistRecord(CMyKey()));
+    EXPECT_EQ(records.GetMaxValue("SELECT 1"), -1);
 }
 
 TEST_F(KeyLookups, SelectKeepsTheResultWhenTheConnectionCannotBeOpened)

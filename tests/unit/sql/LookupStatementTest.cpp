@@ -135,6 +135,8 @@ INSTANTIATE_TEST_SUITE_P(
                     ConditionCase{"Where", "WHERE id > 5;", "SELECT '1' FROM `t` WHERE id > 5 LIMIT 1"},
                     ConditionCase{"WhereInLowerCase", "where id > 5", "SELECT '1' FROM `t` where id > 5 LIMIT 1"},
                     ConditionCase{"WhereAlone", "WHERE ", "SELECT '1' FROM `t` WHERE (WHERE) LIMIT 1"},
+                    ConditionCase{"SelectAlone", "SELECT ; ", "SELECT '1' FROM `t` WHERE (SELECT) LIMIT 1"},
+                    ConditionCase{"BlankInFrontOfWhere", " WHERE id", "SELECT '1' FROM `t` WHERE ( WHERE id) LIMIT 1"},
                     ConditionCase{"Statement", "SELECT id FROM u; ", "SELECT id FROM u LIMIT 1"},
                     ConditionCase{"StatementInLowerCase", "select id from u", "select id from u LIMIT 1"},
                     ConditionCase{"PercentSigns", "a LIKE '%s%%'",
