@@ -105,8 +105,8 @@ public:
     /// GetErrorMessage hold one of the library's own errors, whose text, German and in encoding 256, names the database
     /// and describes the damage as CheckDatabaseIntegrity does:
     /// - 1016: damaged, and can probably be repaired. With `askUser` a message box asks whether to do so now, and any
-    ///   answer but Yes ends here; without `askUser` nobody is asked. The error is recorded before the question, and a
-    ///   repair that succeeds leaves it in place.
+    ///   answer but Yes ends here; without `askUser` nobody is asked. After a repair that says it succeeded the error
+    ///   is that of its last statement.
     /// - 1017: damaged, and only a backup brings the tables back; also after a repair that did not help. With `askUser`
     ///   a message box says so.
     ///
@@ -235,8 +235,8 @@ public:
     /// for an empty name and without an open connection, and when the server cannot be reached: compare GetTables where
     /// it matters. The error of the DROP itself is overwritten by that of the test.
     ///
-    /// Kept: neither name is quoted by the library. Without backticks a reserved word or a name with a blank or hyphen
-    /// makes the drop fail; a database with such a name drops nothing.
+    /// Kept: neither name is quoted by the library. Without backticks a name with a blank or hyphen makes the drop
+    /// fail; in a database with such a name, or with a reserved word for a name, every drop fails.
     bool RemoveTable(const UtCString& tableName);
 
     /// Drops the database and deletes its directory (GetDBPath) with everything in it, links not followed. Nobody is
@@ -252,6 +252,7 @@ public:
     /// deleted.
     ///
     /// Kept, and each of them loses data or leaves it behind without a word:
+    /// - A database that the server does not have cannot be opened, so its directory stays.
     /// - Whether the server knows the database is asked as CMyServer::ExistDatabase asks for a plain name: by the
     ///   settings file in the root of the drive. Without that file the database is *never dropped, and its directory
     ///   always deleted*; with one that names another server, that server is asked.
@@ -298,7 +299,8 @@ public:
     /// longest table name has more characters than the shortest, was meant as a column of blanks.
     ///
     /// DB_CHECK_DEFECT: an error that speaks of a definition file (".frm") or of a data file (".MYD") that is not
-    /// found. DB_CHECK_REPAIRABLE: errors, but none of these. DB_CHECK_OK: none.
+    /// found. DB_CHECK_REPAIRABLE: errors, but none of these, also where no repair helps: a missing data file of Aria
+    /// or InnoDB. DB_CHECK_OK: none. A table whose definition file is missing is not listed, and so not checked.
     ///
     /// Kept: a check that cannot run finds nothing: DB_CHECK_OK also without a connection or a name, when a statement
     /// fails, because of a backtick in a name for example, and when memory runs out. GetErrorCode tells. Views are
@@ -322,9 +324,9 @@ public:
     /// ever repaired. Pass false.
     ///
     /// Kept: one table that EXTENDED cannot repair sends all tables through USE_FRM, which forgets AUTO_INCREMENT
-    /// positions: numbers of deleted rows are given out again. An InnoDB table is enough, it answers only with a note
-    /// and then counts as repaired, but a missing one is. Kept: rows that the server cannot read are dropped, and it
-    /// calls the table sound; compare the row counts with the backup.
+    /// positions: numbers of deleted rows are given out again. An InnoDB table that is sound is none: the server only
+    /// notes that it does not repair those. Kept: rows that the server cannot read are dropped, and it calls the table
+    /// sound; compare the row counts with the backup.
     ///
     /// Kept: rows of the server's report count as failures for the type "error" and for "status" with anything but
     /// "OK", in these letter cases: "Error" does not.

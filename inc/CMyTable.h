@@ -131,7 +131,8 @@ public:
     ///
     /// TABLE_CHECK_INVALID: the handle has no table name or no connection; nothing is sent. TABLE_CHECK_DEFECT: an
     /// error that speaks of a definition file (".frm") or of a data file (".MYD") that is not found, which no repair
-    /// mends. TABLE_CHECK_REPAIRABLE: errors, but none of these. TABLE_CHECK_OK: none.
+    /// mends. TABLE_CHECK_REPAIRABLE: errors, but none of these, also where no repair helps: a table that does not
+    /// exist, or a missing data file of Aria or InnoDB. TABLE_CHECK_OK: none.
     ///
     /// Kept: a check that cannot run finds nothing: TABLE_CHECK_OK also when the connection is lost, when memory runs
     /// out and when the statement fails, as for a name in backticks or with one in it. GetErrorCode of the connection

@@ -33,7 +33,8 @@ public:
     virtual ~MyDbUserInterface() = default;
 
     /// Shows a text, with line feeds between its lines, and gives the answer. The text carries its encoding: 256 for
-    /// the library's own German texts, UTF-8 where a statement or the server's words are part of it. Where the host
+    /// the library's own German texts, with a description of damage in them too, UTF-8 where a statement or an error
+    /// message of the server is part of it. Where the host
     /// gives the words (CMyServer::ConnectApplicationToServer) it decides with their encoding.
     virtual int ShowMessage(const UtCString& text, unsigned int type) = 0;
 

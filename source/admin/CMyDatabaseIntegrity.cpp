@@ -24,7 +24,7 @@ bool CMyDatabase::CheckAndRepairDatabaseIntegrity(bool askUser)
             return ReportDefect(description, askUser);
         if (!AgreesToRepair(description, askUser))
             return false;
-        if (RepairDatabase(false, true)) // KEPT K-149: nothing is repaired, and error 1016 stays.
+        if (RepairDatabase(false, true)) // KEPT K-149: although nothing is repaired.
             return true;
         CheckDatabaseIntegrity(UtCString(), &description);
         return ReportDefect(description, askUser);

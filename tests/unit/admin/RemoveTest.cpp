@@ -334,6 +334,16 @@ TEST_F(RemoveKnownDatabase, Kept_K135_DeletesTheDirectoryAlsoWhenTheDropFails)
     EXPECT_FALSE(Exists("DBS/shop"));
 }
 
+TEST_F(RemoveKnownDatabase, DeletesBelowTheWorkingDirectoryWithoutADataDirectory)
+{
+    InFolder([&] {
+        CMyDatabase database(Settings(), "shop");
+        EXPECT_TRUE(database.RemoveDatabase());
+    });
+    EXPECT_FALSE(Exists("DBS/shop"));
+    EXPECT_TRUE(Exists("DBS/other"));
+}
+
 TEST_F(RemoveKnownDatabase, EveryClientCallMayFail)
 {
     const auto script = [] {
