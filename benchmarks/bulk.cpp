@@ -10,7 +10,9 @@
 // Files are written into the folder that TMPDIR names.
 
 #include "BulkLoops.h"
+#include "CopyLoops.h"
 #include "Measure.h"
+#include "MyDbUserInterface.h"
 #include "ScanTable.h"
 
 #include "files/UtFile.h"
@@ -90,6 +92,57 @@ std::vector<Loop> DumpLoops(const Access& access, const Folder& folder)
             loop("dump", "dump, library", bench::LibraryDump)};
 }
 
+/// Ends the cleanup of a copy that failed.
+class Host final : public MyDbUserInterface
+{
+public:
+    int ShowMessage(const UtCString&, unsigned int) override { return MYDB_ANSWER_OK; }
+    void BeginWait() override {}
+    void EndWait() override {}
+    bool ContinueCleanup(unsigned long filesLeft) override { return filesLeft > 0; }
+};
+
+CMyServer ServerWithFiles(const Access& access, const Folder& folder)
+{
+    CMyServer server = bench::Server(access);
+    server.SetDataDir(UtCString(folder.File("data"), UT_ENCODING_UTF8).replace("/", "\\"));
+    std::filesystem::create_directories(folder.File("data") + "/DBS/" + access.database);
+    return server;
+}
+
+/// The connections of the library's copy. The target is open in a database that is dropped before each run.
+class Copier
+{
+public:
+    Copier(const Access& access, const Folder& folder, const bench::CopyTarget& target)
+        : m_target(target), m_from(ServerWithFiles(access, folder), access.database.c_str()),
+          m_to(ServerWithFiles(access, folder), target.Name().c_str())
+    {
+    }
+    void Prepare()
+    {
+        m_target.Drop();
+        m_target.Create();
+        if (!m_to.Open(false, ""))
+            throw std::runtime_error("the target cannot be opened");
+        m_target.Drop();
+    }
+    void Run() { bench::LibraryCopy(m_from, m_to); }
+
+private:
+    const bench::CopyTarget& m_target;
+    CMyDatabase m_from;
+    CMyDatabase m_to;
+};
+
+std::vector<Loop> CopyLoops(const Access& access, const bench::CopyTarget& target, Copier& copier)
+{
+    const auto checksum = [&] { return target.Checksum(); };
+    return {{"plain-copy", "copy, plain client", "plain-copy", [&] { target.Drop(); },
+             [&] { bench::PlainCopy(access, target); }, checksum},
+            {"copy", "copy, library", "plain-copy", [&] { copier.Prepare(); }, [&] { copier.Run(); }, checksum}};
+}
+
 } // namespace
 
 int main(int count, char** values)
@@ -97,7 +150,14 @@ try {
     const Options options = ReadOptions(count, values);
     const bench::ScanTable table(options.rows);
     const Folder folder;
-    const std::vector<Loop> loops = DumpLoops(table.GetAccess(), folder);
+    const Access& access = table.GetAccess();
+    const bench::CopyTarget target(access);
+    Copier copier(access, folder, target);
+    Host host;
+    MyDbSetUserInterface(&host);
+    std::vector<Loop> loops = DumpLoops(access, folder);
+    for (Loop& loop : CopyLoops(access, target, copier))
+        loops.push_back(std::move(loop));
     if (!options.loop.empty())
         return bench::RunOnly(loops, options.loop) ? 0 : 2;
     std::printf("%lu rows of 8 columns, median of %d runs\n", options.rows, options.runs);

@@ -163,4 +163,76 @@ const Schema schemas[] = {
 INSTANTIATE_TEST_SUITE_P(Schemas, CopySchema, testing::ValuesIn(schemas),
                          [](const auto& schema) { return std::string(schema.param.name); });
 
+class CopyDatabase : public server_test::CopyFixture
+{
+};
+
+/// The time of day in the name of a dump file as 000000.
+Texts WithoutTimes(Texts statements)
+{
+    for (std::string& statement : statements)
+        if (const size_t at = statement.find("_tmp'"); at != std::string::npos)
+            statement.replace(at - 6, 6, "000000");
+    return statements;
+}
+
+TEST_F(CopyDatabase, SendsTheStatementsThatItDocuments)
+{
+    CopyJob job(Access(), m_folder.Path());
+    job.sql.Run("CREATE TABLE a (x int(11) DEFAULT NULL) ENGINE=MyISAM");
+    job.sql.Run("CREATE TABLE b (y int(11) DEFAULT NULL) ENGINE=MyISAM");
+    ASSERT_TRUE(job.source.Open(false, ""));
+    const harness::GeneralLog log(s_server->GeneralLogFile()); // leaves out a semicolon at the end of a statement
+    ASSERT_TRUE(job.Copy());
+    EXPECT_EQ(log.Statements(job.source.GetThreadID()),
+              (Texts{"SHOW TABLES", "FLUSH TABLES `a`, `b`", "LOCK TABLES `a` READ, `b` READ", "SELECT * FROM a",
+                     "SELECT * FROM b", "UNLOCK TABLES", "SHOW CREATE TABLE `mydb_from`.`a`",
+                     "SHOW CREATE TABLE `mydb_from`.`b`"}));
+    const std::string load = "LOAD DATA LOCAL INFILE '" + job.temp.string() + "/";
+    const std::string format =
+        " FIELDS TERMINATED BY ',' ENCLOSED BY '\"' ESCAPED BY '\\\\' LINES TERMINATED BY '\\r\\n'";
+    const std::string options = " ENGINE=MyISAM DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_general_ci";
+    EXPECT_EQ(
+        WithoutTimes(log.Statements(job.target.GetThreadID())),
+        (Texts{"CREATE DATABASE `mydb_to`", "CREATE TABLE `mydb_to`.`a` (\n  `x` int(11) DEFAULT NULL\n)" + options,
+               "SET NAMES utf8", load + "a.000000_tmp' INTO TABLE `mydb_to`.`a`" + format, "SET NAMES DEFAULT",
+               "CREATE TABLE `mydb_to`.`b` (\n  `y` int(11) DEFAULT NULL\n)" + options, "SET NAMES utf8",
+               load + "b.000000_tmp' INTO TABLE `mydb_to`.`b`" + format, "SET NAMES DEFAULT"}));
+}
+
+TEST_F(CopyDatabase, CarriesTheFilesBesideTheTables)
+{
+    CopyJob job(Access(), m_folder.Path());
+    job.sql.Run("CREATE TABLE a (x INT)");
+    ASSERT_TRUE(job.Copy());
+    EXPECT_TRUE(std::filesystem::exists(m_folder.Path() / "two" / "DBS" / "mydb_to" / "notes.txt"));
+}
+
+TEST_F(CopyDatabase, CopiesToAnotherServer)
+{
+    const harness::ServerProcess other({"--character-set-server=utf8mb4"});
+    CopyJob job(Access(), m_folder.Path());
+    job.sql.Run("CREATE TABLE a (x VARCHAR(20))");
+    job.sql.Run("INSERT INTO a VALUES ('M\xC3\xBCller'), (NULL)");
+    harness::RawConnection there(other.Administrator());
+    there.Run("CREATE DATABASE mydb_to");
+    CMyDatabase target(CopyJob::Settings(other.Administrator(), m_folder.Path() / "two", "utf8mb4"), "mydb_to");
+    ASSERT_TRUE(target.Open(false, ""));
+    there.Run("DROP DATABASE mydb_to");
+    ASSERT_TRUE(job.source.CopyDatabase(target, nullptr));
+    EXPECT_EQ(there.Rows("CHECKSUM TABLE mydb_to.a")[0][1], job.Checksums("mydb_from").at("a"));
+    EXPECT_FALSE(job.HasTarget());
+}
+
+TEST_F(CopyDatabase, RefusesATargetThatTheSettingsFileKnows)
+{
+    WithSource({"CREATE TABLE a (x INT)"}, [](CopyJob& job) {
+        job.sql.Run("CREATE DATABASE mydb_to");
+        EXPECT_FALSE(job.Copy());
+        EXPECT_TRUE(job.HasTarget());
+        EXPECT_EQ(job.messages.WaitBegins(), 0);
+        job.sql.Run("DROP DATABASE mydb_to");
+    });
+}
+
 } // namespace
