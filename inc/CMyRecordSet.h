@@ -137,7 +137,8 @@ public:
     /// Whether a value has been set since they were last discarded. KEPT K-97: true also when all have been removed.
     bool IsRecordModified() const noexcept { return m_pendingChanges != nullptr; }
 
-    /// The rows that the last End inserted, deleted or (update) found, at most 2147483647; 0 when it failed.
+    /// The rows that the last End inserted, deleted or (update) found, of which an update says at most 2147483647; 0
+    /// when it failed. A delete of more rows comes out as CMyDatabase::GetAffectedRows does, negative and false.
     long GetModifyErrorCode() const noexcept { return m_errorCode; }
 
     /// What the last End has to say: CMyDatabase::GetQueryInfo after a success, otherwise the server's error, number in
@@ -574,7 +575,8 @@ protected:
 
     /// Enters a change of a column into the pending changes, or replaces the one of the same `column` (compared
     /// exactly; the setters pass upper case) at its place. `sqlValue` is the text for the statement; when it replaces
-    /// another one it is converted to the character set of the column, if the current result has it as a text.
+    /// another one it is converted to the character set of the column, if the current result has it as a text and it
+    /// survives that.
     /// The `length` bytes at `data` are copied; they are what the getters return. Null `data` reads as NULL. Without
     /// memory the change is missing, and no End sends a statement.
     void SaveFieldValue(const UtCString& column, const UtCString& sqlValue, const void* data, unsigned long length);

@@ -64,14 +64,19 @@ bool CMyRecordSet::LoseChange() noexcept
     return false;
 }
 
-/// The text in the encoding of a text column of the current result; unchanged for every other column.
+/// The text in the encoding of a text column of the current result; unchanged for every other column, and where it
+/// would not survive the way there and back: it may hold bytes that are no text.
 UtCString CMyRecordSet::InColumnEncoding(const UtCString& column, const UtCString& sqlValue) const
 {
     for (unsigned long no = 0; no < m_fieldCount; ++no) {
         if (!GetFieldName(no).EqualNoCase(column))
             continue;
         const eUtEncodingType encoding = SourceEncoding(no);
-        return encoding == recordset::ResultColumns::unconverted ? sqlValue : UtCString(sqlValue, encoding);
+        if (encoding == recordset::ResultColumns::unconverted)
+            return sqlValue;
+        UtCString converted(sqlValue, encoding);
+        const bool isKept = UtCString(converted, sqlValue.GetEncodingType()) == sqlValue;
+        return isKept ? std::move(converted) : sqlValue;
     }
     return sqlValue;
 }

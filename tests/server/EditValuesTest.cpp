@@ -124,6 +124,21 @@ TEST_F(EditValues, EveryByteAsABlob)
     }
 }
 
+TEST_F(EditValues, BytesThatReplaceOthersInTheCurrentRow)
+{
+    MakeTable();
+    Run("INSERT INTO t (ID) VALUES (1)");
+    m_id = 1;
+    ASSERT_EQ(records.Select("ID = 1"), 1);
+    for (const char* column : {"B", "VB"}) {
+        records.ModifyStart("ID = 1");
+        EXPECT_TRUE(records.SetFieldText(column, "before"));
+        EXPECT_TRUE(records.SetFieldBuffer(column, EveryByte().data(), 256));
+        ASSERT_TRUE(records.ModifyEnd()) << Message();
+        EXPECT_EQ(ReadBytes(column), EveryByte()) << column;
+    }
+}
+
 TEST_F(EditValues, TextsWithEverythingThatStatementsTreatSpecially)
 {
     MakeTable();

@@ -36,6 +36,10 @@ TEST_F(EditBracket, AppendStartNeedsATable)
     EXPECT_FALSE(unbound.AppendStart());
     EXPECT_EQ(unbound.GetModifyState(), MODIFY_EDIT); // as before
     EXPECT_FALSE(unbound.IsRecordModified());         // discarded all the same
+    unbound.SetTableName("t");
+    unbound.SetFieldLong("ID", 3);
+    EXPECT_FALSE(unbound.ModifyEnd()); // so is the condition
+    EXPECT_TRUE(Changes().empty());
 }
 
 TEST_F(EditBracket, AppendStartForgetsConditionAndChanges)
@@ -59,6 +63,7 @@ TEST_F(EditBracket, ModifyStartTakesAConditionAndForgetsChanges)
 
 TEST_F(EditBracket, ModifyStartWithoutAConditionIsFalseAndOpensItAllTheSame)
 {
+    records.ModifyStart("ID = 1"); // is forgotten
     EXPECT_FALSE(records.ModifyStart(UtCString()));
     EXPECT_EQ(records.GetModifyState(), MODIFY_EDIT);
     records.SetFieldLong("ID", 2);
@@ -105,6 +110,23 @@ TEST_F(EditBracket, AppendEndInserts)
     EXPECT_EQ(records.GetModifyState(), MODIFY_NONE);
     EXPECT_EQ(records.GetModifyErrorCode(), 1);
     EXPECT_TRUE(records.GetModifyErrorMessage().StartsWith("Query OK. 1 Record in ", true));
+}
+
+TEST_F(EditBracket, AppendEndInsertsInEveryState)
+{
+    records.SetFieldLong("ID", 1);
+    EXPECT_TRUE(records.AppendEnd());
+    records.ModifyStart("ID = 9");
+    records.SetFieldLong("ID", 2);
+    EXPECT_TRUE(records.AppendEnd());
+    EXPECT_EQ(records.GetModifyState(), MODIFY_NONE);
+    records.ModifyStart("ID = 9");
+    records.DeleteRec();
+    records.SetFieldLong("ID", 3);
+    EXPECT_TRUE(records.AppendEnd());
+    EXPECT_EQ(records.GetModifyState(), MODIFY_NONE);
+    EXPECT_EQ(Changes(), (Statements{"INSERT INTO t SET `t`.`ID` = 1", "INSERT INTO t SET `t`.`ID` = 2",
+                                     "INSERT INTO t SET `t`.`ID` = 3"}));
 }
 
 TEST_F(EditBracket, AppendEndIsFalseWhenNoRowWasInserted)
@@ -269,6 +291,17 @@ TEST_F(EditBracket, ADeleteCountsTheRowsDeleted)
         records.DeleteRec();
         EXPECT_EQ(records.ModifyEnd(), count > 0);
         EXPECT_EQ(records.GetModifyErrorCode(), static_cast<long>(count));
+    }
+}
+
+TEST_F(EditBracket, ADeleteOfMoreRowsThanTheFigureHoldsIsFalse)
+{
+    for (const auto& [count, figure] : {std::pair(2147483647ULL, 2147483647L), {2147483648ULL, -2147483648L}}) {
+        m_client.OnPrefix("DELETE", Reply::Ok(count));
+        records.ModifyStart("ID = 1");
+        records.DeleteRec();
+        EXPECT_EQ(records.ModifyEnd(), figure > 0);
+        EXPECT_EQ(records.GetModifyErrorCode(), figure);
     }
 }
 

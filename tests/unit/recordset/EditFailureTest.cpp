@@ -185,6 +185,18 @@ TEST_F(EditRefusals, AValueThatNobodyCanEscapeIsNeverLeftOut)
     EXPECT_TRUE(records.ModifyEnd());
 }
 
+TEST_F(EditRefusals, BytesBeyondTheLongestValueAreNeverLeftOut)
+{
+    records.AppendStart();
+    EXPECT_TRUE(records.SetFieldLong("ID", 7));
+    EXPECT_FALSE(records.SetFieldBuffer("NAME", "x", 2147483648UL));
+    EXPECT_FALSE(records.SetFieldBuffer("NAME", "x", 4294967295UL));
+    EXPECT_FALSE(records.AppendEnd());
+    EXPECT_EQ(records.GetModifyErrorMessage(), "2008: Out of memory");
+    EXPECT_TRUE(Changes().empty());
+    EXPECT_TRUE(records.SetFieldBuffer("NAME", nullptr, 4294967295UL)); // is NULL whatever the number
+}
+
 TEST_F(EditRefusals, AClosedConnectionIsOpenedToEscapeAValue)
 {
     records.AppendStart();

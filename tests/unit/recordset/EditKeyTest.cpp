@@ -86,6 +86,18 @@ TEST_F(EditKey, OfSeveralColumnsIsInTheirOrder)
     EXPECT_EQ(Clause(key), "(`t`.`A` = TRUE) AND (`t`.`B` = FALSE)");
 }
 
+TEST_F(EditKey, HasNoColumnOfAnotherKey)
+{
+    fake::Field unique = KeyField("A");
+    unique.flags = NUM_FLAG | UNIQUE_KEY_FLAG | NOT_NULL_FLAG | PART_KEY_FLAG;
+    m_client.OnListFields("T", {unique, KeyField("B")});
+    CFieldCache::Instance().RemoveAll();
+    Store({KeyField("A"), KeyField("B")}, {"1", "2"});
+    CMyKey key;
+    EXPECT_TRUE(records.GetPrimaryKey(key));
+    EXPECT_EQ(Clause(key), "(`t`.`B` = TRUE)");
+}
+
 TEST_F(EditKey, KeepsTheConditionsBeforeAColumnThatTheResultLacks)
 {
     m_client.OnListFields("T", {KeyField("A"), KeyField("B"), KeyField("C")});
@@ -120,6 +132,18 @@ TEST_F(EditKey, IsNoneForAnUnknownTable)
     EXPECT_FALSE(unknown.GetPrimaryKey(key));
     EXPECT_TRUE(key.IsEmpty());
     EXPECT_FALSE(EditedRecordSet().GetPrimaryKey(key));
+}
+
+TEST_F(EditKey, IsThereOnceTheTableIs)
+{
+    m_client.OnListFieldsError("T", 1146);
+    Store({KeyField("ID")}, {"17"});
+    records.AppendStart();
+    records.SetFieldText("NAME", "x"); // asks in vain
+    m_client.OnListFields("T", {KeyField("ID")});
+    CMyKey key;
+    EXPECT_TRUE(records.GetPrimaryKey(key));
+    EXPECT_EQ(Clause(key), "(`t`.`ID` = TRUE)");
 }
 
 TEST_F(EditKey, WithoutARowThereAreNoValues)

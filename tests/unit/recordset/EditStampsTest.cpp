@@ -171,6 +171,17 @@ TEST_F(Stamps, CarryTheUserUpToTheFirstUnderscoreOrColon)
     }
 }
 
+TEST_F(Stamps, CarryTheUserAsAText)
+{
+    m_client.OnListFields("T", {TextField("ERFASST", 8), DateField("ERF_TIME")});
+    CFieldCache::Instance().RemoveAll();
+    m_database.GetServer().SetUser(UtCString("m\xC3\xBC\xD0\x96", UT_ENCODING_UTF8));
+    records.AppendStart();
+    EXPECT_TRUE(records.AppendEnd());
+    // of the last two letters latin1 has the first
+    EXPECT_EQ(Statement(), "INSERT INTO t SET `t`.`ERF_TIME` = T, `t`.`ERFASST` = 'm\xC3\xBC?'");
+}
+
 TEST_F(Stamps, NeedAConnection)
 {
     records.SetDatabase(nullptr, "");

@@ -206,6 +206,27 @@ TEST_F(RecordSetChanges, KeepTheirStatementTextAsItIsGivenFirst)
     EXPECT_EQ(Bytes(ChangesOf(records)->Find("A")->SqlValue()), "'\xC3\xBC'");
 }
 
+TEST_F(RecordSetChanges, AreOneForEachSpellingOfAColumn)
+{
+    records.SaveFieldValue("A", "1", "x", 1);
+    records.SaveFieldValue("a", "2", "y", 1);
+    records.SaveFieldValue("A", "3", "z", 1);
+    EXPECT_EQ(ChangesOf(records)->Find("A")->SqlValue(), "3");
+    ASSERT_NE(ChangesOf(records)->Find("a"), nullptr);
+    EXPECT_EQ(ChangesOf(records)->Find("a")->SqlValue(), "2");
+}
+
+TEST_F(RecordSetChanges, LeaveAStatementTextThatTheColumnCannotHold)
+{
+    Store({TextField("A", 8)}, {"x"});
+    for (const char* sqlValue : {"'\xD0\x96'", "'\xFF'"}) {
+        records.SaveFieldValue("A", "''", "x", 1);
+        records.SaveFieldValue("A", UtCString(sqlValue, UT_ENCODING_UTF8), "x", 1);
+        EXPECT_EQ(Bytes(ChangesOf(records)->Find("A")->SqlValue()), sqlValue);
+        EXPECT_EQ(ChangesOf(records)->Find("A")->SqlValue().GetEncodingType(), UT_ENCODING_UTF8);
+    }
+}
+
 TEST_F(RecordSetChanges, ConvertAStatementTextThatReplacesAnotherToTheEncodingOfATextColumn)
 {
     Store({TextField("a", 8), NumberField("N"), TextField("U", 60)}, {"x", "1", "x"});
