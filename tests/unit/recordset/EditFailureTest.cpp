@@ -287,6 +287,26 @@ TEST_F(EditRefusals, ATableNameThatCouldSwallowTheStatementIsNotSent)
     EXPECT_TRUE(Changes().empty());
 }
 
+TEST_F(EditRefusals, ATableNameThatIsOneIsSentWhateverTheServerSays)
+{
+    for (const std::string name : {"order", "db.t", "a-b", "T_1$", "K\xC3\xBC\x63he", "5"}) {
+        m_client.ForgetCalls();
+        records.SetTableName(UtCString(name, UT_ENCODING_UTF8));
+        records.AppendStart();
+        records.SetFieldLong("ID", 7);
+        EXPECT_TRUE(records.AppendEnd());
+        records.ModifyStart("ID = 1");
+        records.SetFieldLong("ID", 7);
+        EXPECT_TRUE(records.ModifyEnd());
+        records.ModifyStart("ID = 1");
+        records.DeleteRec();
+        EXPECT_TRUE(records.ModifyEnd());
+        EXPECT_EQ(Changes(), (Statements{"INSERT INTO " + name + " SET `" + name + "`.`ID` = 7",
+                                         "UPDATE " + name + " SET `" + name + "`.`ID` = 7 WHERE (ID = 1)",
+                                         "DELETE FROM " + name + " WHERE(ID = 1)"}));
+    }
+}
+
 TEST_F(EditRefusals, ATableNameWithBlanksIsLeftToTheServerUnlessItStandsAlone)
 {
     records.SetTableName("my t");
