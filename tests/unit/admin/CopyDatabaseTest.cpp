@@ -426,40 +426,50 @@ TEST_F(CopyDatabase, EndsTheCleanupAtOnceWhenTheHostSaysNo)
     EXPECT_EQ(TemporaryFiles(), Texts{"order list.000000_tmp"});
 }
 
-TEST_F(CopyDatabase, DeletesTheLastFileAgainInEveryTurn)
+/// Puts deleted files back after each of five turns and writes down which were gone.
+class Restoring final : public MyDbUserInterface
 {
-    class Restoring final : public MyDbUserInterface
+public:
+    explicit Restoring(const std::filesystem::path& folder) : m_folder(folder), m_previous(MyDbSetUserInterface(this))
     {
-    public:
-        explicit Restoring(const std::filesystem::path& folder)
-            : m_folder(folder), m_previous(MyDbSetUserInterface(this))
-        {
+    }
+    ~Restoring() override { MyDbSetUserInterface(m_previous); }
+    int ShowMessage(const UtCString&, unsigned int) override { return MYDB_ANSWER_OK; }
+    void BeginWait() override {}
+    void EndWait() override {}
+    bool ContinueCleanup(unsigned long) override
+    {
+        if (m_stamp.empty()) // "kunden" is gone already
+            m_stamp = std::filesystem::directory_iterator(m_folder)->path().extension().string();
+        for (const std::string name : {"kunden", "order list"}) {
+            if (!std::filesystem::exists(m_folder / (name + m_stamp)))
+                deleted.push_back(name);
+            std::ofstream(m_folder / (name + m_stamp)) << "again";
         }
-        ~Restoring() override { MyDbSetUserInterface(m_previous); }
-        int ShowMessage(const UtCString&, unsigned int) override { return MYDB_ANSWER_OK; }
-        void BeginWait() override {}
-        void EndWait() override {}
-        bool ContinueCleanup(unsigned long) override
-        {
-            if (m_stamp.empty()) // "kunden" is gone already
-                m_stamp = std::filesystem::directory_iterator(m_folder)->path().extension().string();
-            for (const std::string name : {"kunden", "order list"}) {
-                if (!std::filesystem::exists(m_folder / (name + m_stamp)))
-                    deleted.push_back(name);
-                std::ofstream(m_folder / (name + m_stamp)) << "again";
-            }
-            return deleted.size() < 5;
-        }
-        Texts deleted;
+        return deleted.size() < 5;
+    }
+    std::vector<std::string> deleted;
 
-    private:
-        std::filesystem::path m_folder;
-        std::string m_stamp;
-        MyDbUserInterface* m_previous;
-    } host(Temp());
-    m_client.OnPrefix("LOAD DATA", Reply::Error(4166)); // that of kunden: its file has been named last
+private:
+    std::filesystem::path m_folder;
+    std::string m_stamp;
+    MyDbUserInterface* m_previous;
+};
+
+TEST_F(CopyDatabase, DeletesTheFileNamedLastAgainInEveryTurn)
+{
+    Restoring host(Temp());
+    m_client.OnPrefix("LOAD DATA", Reply::Error(4166)); // that of kunden
     EXPECT_FALSE(Copy());
     EXPECT_EQ(host.deleted, (Texts{"kunden", "order list", "kunden", "kunden", "kunden"}));
+}
+
+TEST_F(CopyDatabase, DeletesTheLastOfAllFilesAgainWhenItsTableWasTheLast)
+{
+    Restoring host(Temp());
+    m_client.On("CREATE DATABASE `shop2`", Reply::Error(1007)); // all dumped, none loaded
+    EXPECT_FALSE(Copy());
+    EXPECT_EQ(host.deleted, (Texts{"kunden", "order list", "order list", "order list", "order list"}));
 }
 
 /// Each client call fails once, or from then on all of them.

@@ -183,8 +183,8 @@ TEST_F(DumpTable, WritesValuesLargerThanItsMemory)
     std::string escaped;
     for (size_t i = 0; i < quotes.size(); ++i)
         escaped += "\\'";
-    EXPECT_EQ(Dumped({{"1", plain}, {quotes, "2"}, {"3", "4"}}),
-              "\"1\",\"" + plain + "\"\r\n\"" + escaped + "\",\"2\"\r\n\"3\",\"4\"\r\n");
+    EXPECT_EQ(Dumped({{quotes, "1"}, {"2", plain}, {"3", "4"}}),
+              "\"" + escaped + "\",\"1\"\r\n\"2\",\"" + plain + "\"\r\n\"3\",\"4\"\r\n");
 }
 
 TEST_F(DumpTable, EmptiesAFileThatIsThere)
