@@ -26,11 +26,14 @@ UtCString ListText(CMyDatabase& database, const UtCString& pattern)
     return sql::Whole(list.Take());
 }
 
-/// Two sizes together, or the largest number there is.
+/// Two sizes together; where that is no number of 64 bits, the one next to it.
 __int64 Sum(__int64 left, __int64 right)
 {
     constexpr __int64 largest = std::numeric_limits<__int64>::max();
-    return right > largest - left ? largest : left + right;
+    constexpr __int64 smallest = std::numeric_limits<__int64>::min();
+    if (right > 0)
+        return left > largest - right ? largest : left + right;
+    return left < smallest - right ? smallest : left + right;
 }
 
 __int64 SizeOfTables(CMyDatabase& database)

@@ -4,6 +4,8 @@
 
 #include "harness/FailurePoints.h"
 
+#include <limits>
+
 namespace {
 
 using fake::Reply;
@@ -176,6 +178,14 @@ TEST_F(Catalogue, EndsAtTheLargestNumber)
 {
     m_client.On("SHOW TABLE STATUS", Status({{"9223372036854775807", "1"}, {"5", "5"}}));
     EXPECT_EQ(m_database.GetDBSize(), 9223372036854775807);
+}
+
+TEST_F(Catalogue, AddsUpNegativeSizesWithoutWrappingRound)
+{
+    m_client.On("SHOW TABLE STATUS", Status({{"-5", "3"}, {"10", "-1"}}));
+    EXPECT_EQ(m_database.GetDBSize(), 7);
+    m_client.On("SHOW TABLE STATUS", Status({{"-9223372036854775808", "-1"}, {"-1", "-1"}}));
+    EXPECT_EQ(m_database.GetDBSize(), std::numeric_limits<__int64>::min());
 }
 
 TEST_F(Catalogue, Kept_K132_AnEmptyDatabaseHasNoSize)
