@@ -236,7 +236,8 @@ public:
     /// it matters. The error of the DROP itself is overwritten by that of the test.
     ///
     /// Kept: neither name is quoted by the library. Without backticks a name with a blank or hyphen makes the drop
-    /// fail; in a database with such a name, or with a reserved word for a name, every drop fails.
+    /// fail, and "a#b" drops the table a; in a database with such a name, or a reserved word for a name, every drop
+    /// fails.
     bool RemoveTable(const UtCString& tableName);
 
     /// Drops the database and deletes its directory (GetDBPath) with everything in it, links not followed. Nobody is
@@ -248,16 +249,17 @@ public:
     ///
     /// True: the directory is gone, or never was. False: it is not; or one of the connections could not be made, and
     /// nothing is deleted. False, and nothing at all done, for an empty name and for one that is no plain name: one
-    /// with "\", "/" or ":" in it or a dot or blank at its end. Nothing outside of the database's directory is ever
-    /// deleted.
+    /// with "\", "/", ":" or a zero byte in it or a dot or blank at its end. Nothing outside of the database's
+    /// directory is ever deleted.
     ///
     /// Kept, and each of them loses data or leaves it behind without a word:
     /// - A database that the server does not have cannot be opened, so its directory stays.
     /// - Whether the server knows the database is asked as CMyServer::ExistDatabase asks for a plain name: by the
     ///   settings file in the root of the drive. Without that file the database is *never dropped, and its directory
-    ///   always deleted*; with one that names another server, that server is asked.
+    ///   always deleted*; with one that names another server, that server is asked. A server that does not answer
+    ///   counts as one without the database.
     /// - The directory is deleted whatever became of the drop, and the result does not tell. The database name is not
-    ///   quoted: one that needs backticks is not dropped.
+    ///   quoted: one that needs backticks is not dropped, and for "shop#1" the *other* database shop is.
     /// - Without a data directory in the settings the path is relative to the working directory.
     /// - The directory is found ignoring letter case: where "kalk" has none, that of "KALK" is deleted. Use such names
     ///   on no server that tells them apart.
@@ -583,6 +585,7 @@ private:
     void RecordOutOfMemory();
     long FailStatement(bool showError);
 
+    bool Remove(const UtCString& name);
     void CloseTableFiles();
     bool AgreesToRepair(const UtCString& description, bool isAsked);
     bool ReportDefect(const UtCString& description, bool isShown);

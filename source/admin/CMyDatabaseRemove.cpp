@@ -58,22 +58,30 @@ bool CMyDatabase::RemoveDatabase()
         const UtCString name = m_databaseName;
         if (!files::IsPlainName(name)) // nothing outside of the data directory may ever be reached
             return false;
-        Close();
-        Open(false, UtCString());
-        if (!IsOpen()) // a derived class may say that it is, and the path would then be another one
-            return false;
-        const UtCString path = sql::Whole(GetDBPath());
-        // KEPT K-134: asked of the server that the settings file in the root names.
-        const bool isKnown = m_server.ExistDatabase(name);
-        if (isKnown)
-            CloseTableFiles();
-        Close();
-        if (isKnown && !Drop(m_server, name))
-            return false;
-        // KEPT K-135: whatever became of the statement.
-        // KEPT K-139: whatever letter case the folder has.
-        return UtDeleteDirectory(path) == 0;
+        const bool isRemoved = connection::Guarded(false, [&] { return Remove(name); });
+        if (IsConnected()) // what threw has left it open
+            Close();
+        return isRemoved;
     });
+}
+
+bool CMyDatabase::Remove(const UtCString& name)
+{
+    Close();
+    Open(false, UtCString());
+    if (!IsOpen()) // a derived class may say that it is, and the path would then be another one
+        return false;
+    const UtCString path = sql::Whole(GetDBPath());
+    // KEPT K-134: asked of the server that the settings file in the root names.
+    const bool isKnown = m_server.ExistDatabase(name);
+    if (isKnown)
+        CloseTableFiles();
+    Close();
+    if (isKnown && !Drop(m_server, name))
+        return false;
+    // KEPT K-135: whatever became of the statement.
+    // KEPT K-139: whatever letter case the folder has.
+    return UtDeleteDirectory(path) == 0;
 }
 
 void CMyDatabase::CloseTableFiles()

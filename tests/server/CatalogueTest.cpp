@@ -195,6 +195,15 @@ TEST_F(CatalogueOnAServer, RemovesATableNamedByAReservedWord)
     EXPECT_FALSE(Exists("order"));
 }
 
+TEST_F(CatalogueOnAServer, DropsAnotherTableWhereTheNameHoldsAComment)
+{
+    Run("CREATE TABLE a (id INT)");
+    Run("CREATE TABLE `a#b` (id INT)");
+    EXPECT_TRUE(m_database.RemoveTable("a#b"));
+    EXPECT_FALSE(Exists("a"));
+    EXPECT_TRUE(Exists("a#b"));
+}
+
 /// A root folder for a process of its own, with a settings file in it that names the real server, and a database whose
 /// folder lies below it.
 class RemoveDatabaseOnAServer : public testing::Test
@@ -246,6 +255,20 @@ TEST_F(RemoveDatabaseOnAServer, DropsItAndDeletesItsDirectory)
     EXPECT_TRUE(fs::exists(Folder().parent_path()));
     EXPECT_EQ(sent, (Statements{"SHOW TABLES", "SHOW DATABASES", "SHOW TABLES", "FLUSH TABLES `a`, `my table`",
                                 "DROP DATABASE " + m_temporary.Name()}));
+}
+
+TEST_F(RemoveDatabaseOnAServer, DropsAnotherDatabaseWhereTheNameHoldsAComment)
+{
+    const std::string name = m_temporary.Name() + "#1";
+    harness::RawConnection administrator(harness::PrivateServer::Get().Administrator());
+    administrator.Run("CREATE DATABASE `" + name + "`");
+    EXPECT_TRUE(harness::InOtherRoot(fs::path(m_ini.Path()).parent_path(), [&] {
+        CMyDatabase database(Settings(), name.c_str());
+        EXPECT_TRUE(database.RemoveDatabase());
+    }));
+    EXPECT_FALSE(IsKnown());
+    EXPECT_TRUE(fs::exists(Folder())) << "only the directory is the one of the name";
+    EXPECT_EQ(administrator.ErrorOf("DROP DATABASE `" + name + "`"), 0U) << "it is still there";
 }
 
 TEST_F(RemoveDatabaseOnAServer, OnlyDeletesTheDirectoryWithoutASettingsFileInTheRoot)
@@ -332,7 +355,7 @@ TEST_P(CatalogueMemory, DeletesTheDirectoryOfTheDatabaseOrNothing)
         harness::AllocationFailure::allocationsLeft = left;
         const bool isRemoved = m_database.RemoveDatabase();
         harness::AllocationFailure::allocationsLeft = -1;
-        isHonest = isHonest && isRemoved == !fs::exists(own);
+        isHonest = isHonest && isRemoved == !fs::exists(own) && !m_database.IsConnected();
     });
     EXPECT_GT(failures, 5);
     EXPECT_TRUE(isHonest);

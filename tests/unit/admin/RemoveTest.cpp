@@ -208,6 +208,7 @@ TEST_F(RemoveDatabase, DeletesNothingWithoutAConnection)
     EXPECT_FALSE(m_database.RemoveDatabase());
     EXPECT_TRUE(Exists("DBS/shop"));
     EXPECT_FALSE(m_database.IsConnected());
+    EXPECT_TRUE(m_messages.Messages().empty());
 }
 
 class ClaimsToBeOpen : public CMyDatabase
@@ -221,6 +222,25 @@ TEST_F(RemoveDatabase, DeletesNothingWhenADerivedClassOnlyClaimsToBeOpen)
 {
     ClaimsToBeOpen database(m_database.GetServer(), "shop");
     EXPECT_FALSE(database.RemoveDatabase());
+    EXPECT_TRUE(Exists("DBS/shop"));
+}
+
+class OpensAndThrows : public CMyDatabase
+{
+public:
+    using CMyDatabase::CMyDatabase;
+    bool Open(bool interactive, const UtCString& databaseName) override
+    {
+        CMyDatabase::Open(interactive, databaseName);
+        throw std::runtime_error("host");
+    }
+};
+
+TEST_F(RemoveDatabase, EndsClosedAlsoWhenADerivedClassThrows)
+{
+    OpensAndThrows database(m_database.GetServer(), "shop");
+    EXPECT_FALSE(database.RemoveDatabase());
+    EXPECT_FALSE(database.IsConnected());
     EXPECT_TRUE(Exists("DBS/shop"));
 }
 
@@ -318,8 +338,23 @@ TEST_F(RemoveKnownDatabase, DeletesNothingWhenTheSecondConnectionFails)
         });
         EXPECT_FALSE(m_database.RemoveDatabase());
         EXPECT_FALSE(m_database.IsConnected());
+        EXPECT_TRUE(m_messages.Messages().empty());
+        EXPECT_EQ(m_client.Statements().back(), "FLUSH TABLES `a`, `b`");
     });
     EXPECT_TRUE(Exists("DBS/shop"));
+}
+
+TEST_F(RemoveKnownDatabase, DropsNothingWhenTheServerCannotBeAskedAndDeletesTheDirectory)
+{
+    InFolder([&] {
+        m_client.SetStatementObserver([&](const std::string& statement) {
+            if (statement == "SHOW TABLES")
+                m_client.FailAlways(fake::Call::Connect, 2002);
+        });
+        EXPECT_TRUE(m_database.RemoveDatabase());
+        EXPECT_EQ(m_client.Statements(), Statements{"SHOW TABLES"});
+    });
+    EXPECT_FALSE(Exists("DBS/shop"));
 }
 
 TEST_F(RemoveKnownDatabase, Kept_K135_DeletesTheDirectoryAlsoWhenTheDropFails)
