@@ -314,6 +314,9 @@ TEST_F(CheckAndRepair, IsFalseWhenTheHostsMessageBoxThrows)
     const ThrowingPerson person;
     EXPECT_FALSE(CheckAsking());
     ExpectError(1016, repairable);
+    ScriptCheck("a.frm");
+    EXPECT_FALSE(CheckAsking());
+    ExpectError(1017, NotRepairable("      shop.a:32 \ta.frm"));
 }
 
 TEST_F(CheckAndRepair, IsAskedByAnInteractiveOpen)

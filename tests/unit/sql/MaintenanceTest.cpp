@@ -14,7 +14,7 @@ TEST(DropTable, Kept_K138_NamesDatabaseAndTableWithoutBackticks)
 TEST(DropDatabase, NamesItWithoutBackticks)
 {
     EXPECT_EQ(sql::DropDatabase("shop", UT_ENCODING_DEFAULT).View(), "DROP DATABASE shop");
-    EXPECT_EQ(sql::DropDatabase("k\xFC", UT_ENCODING_UTF8).View(), "DROP DATABASE k\xC3\xBC");
+    EXPECT_EQ(sql::DropDatabase("shop#1", UT_ENCODING_DEFAULT).View(), "DROP DATABASE shop#1");
 }
 
 TEST(FlushTables, TakesTheListAsItIs)
@@ -25,6 +25,20 @@ TEST(FlushTables, TakesTheListAsItIs)
 TEST(OptimizeTables, TakesTheListAsItIs)
 {
     EXPECT_EQ(sql::OptimizeTables("`a`, `b`", UT_ENCODING_DEFAULT).View(), "OPTIMIZE TABLE `a`, `b`");
+}
+
+TEST(Maintenance, StatementsAreInTheEncodingAskedFor)
+{
+    const UtCString zhe("\xD0\xB6", UT_ENCODING_UTF8);
+    const UtCString statements[] = {sql::DropTable("shop", zhe, UT_ENCODING_UTF8),
+                                    sql::DropDatabase(zhe, UT_ENCODING_UTF8), sql::FlushTables(zhe, UT_ENCODING_UTF8),
+                                    sql::OptimizeTables(zhe, UT_ENCODING_UTF8)};
+    const char* const expected[] = {"DROP TABLE IF EXISTS shop.\xD0\xB6", "DROP DATABASE \xD0\xB6",
+                                    "FLUSH TABLES \xD0\xB6", "OPTIMIZE TABLE \xD0\xB6"};
+    for (int position = 0; position < 4; ++position) {
+        EXPECT_EQ(statements[position].View(), expected[position]);
+        EXPECT_EQ(statements[position].GetEncodingType(), UT_ENCODING_UTF8);
+    }
 }
 
 } // namespace

@@ -32,6 +32,15 @@ TEST(RepairTables, NamesTheOption)
     EXPECT_EQ(sql::RepairTables("`a`, `b`", sql::RepairOption::UseFrm, ansi).View(), "REPAIR TABLE `a`, `b` USE_FRM");
 }
 
+TEST(CheckTable, IsInTheEncodingAskedFor)
+{
+    const UtCString zhe("\xD0\xB6", UT_ENCODING_UTF8);
+    EXPECT_EQ(sql::CheckTable(zhe, zhe, UT_ENCODING_UTF8).View(), "CHECK TABLE `\xD0\xB6`.`\xD0\xB6` FAST QUICK");
+    EXPECT_EQ(sql::CheckTables(zhe, UT_ENCODING_UTF8).View(), "CHECK TABLE \xD0\xB6 FAST QUICK");
+    EXPECT_EQ(sql::RepairTables(zhe, sql::RepairOption::Extended, UT_ENCODING_UTF8).View(),
+              "REPAIR TABLE \xD0\xB6 EXTENDED");
+}
+
 TEST(DatabaseCheck, Kept_K140_LeavesTheCommaBehindTheLastTable)
 {
     sql::DatabaseCheck one("shop", ansi);
