@@ -21,7 +21,7 @@ if [ -n "${MYDB_SERVER:-}" ]; then
 else
     run_step "Starting a private server" private_server_start
     say "It listens on $private_server_address and ends with this script"
-    export MYDB_SERVER=$private_server_address MYDB_USER=vela_root MYDB_PASSWORD=$private_server_password
+    private_server_export
 fi
 say "Running examples/quickstart"
 echo
@@ -34,3 +34,7 @@ echo
 say "Running examples/startup"
 echo
 private_server_run scripts/run-startup.sh build/release/examples
+echo
+say "Starting a second private server and running examples/maintenance"
+echo
+private_server_run scripts/private-server.sh run-second scripts/run-maintenance.sh build/release/examples

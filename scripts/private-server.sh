@@ -2,7 +2,11 @@
 # A private database server: its files in a temporary folder, its port on the loopback address, its end with the script.
 #
 #   private-server.sh run COMMAND...   runs the command with MYDB_SERVER, MYDB_USER and MYDB_PASSWORD set; when MYDB_SERVER
-#                                      is set already, that server is used and none is started
+#                                      is set already, that server is used and none is started. For one that is started
+#                                      MYDB_DATA_DIR is set too: its databases are in the folder DBS there
+#   private-server.sh run-second COMMAND...
+#                                      starts a server in any case and runs the command with MYDB_SECOND_SERVER,
+#                                      MYDB_SECOND_USER, MYDB_SECOND_PASSWORD and MYDB_SECOND_DATA_DIR set
 #
 # Sourced, it offers the functions. No system service is touched, and only the process that was started here is ended.
 
@@ -34,9 +38,10 @@ private_server_launch() { # private_server_launch PORT
     local as_user=() with_parent=()
     [ "$(id -u)" -ne 0 ] || as_user=(--user=root)
     ! command -v setpriv >/dev/null || with_parent=(setpriv --pdeathsig TERM)
-    "${with_parent[@]}" mariadbd --no-defaults "${as_user[@]}" --datadir="$private_server_folder/data" \
+    "${with_parent[@]}" mariadbd --no-defaults "${as_user[@]}" --datadir="$private_server_folder/data/DBS" \
         --tmpdir="$private_server_folder" --bind-address=127.0.0.1 --port="$1" --socket="$private_server_folder/s.sock" \
         --lower-case-table-names=1 --local-infile=1 --skip-name-resolve \
+        --character-set-server=utf8mb4 \
         --init-file="$private_server_folder/accounts.sql" \
         >"$private_server_folder/log" 2>&1 </dev/null &
     private_server_pid=$!
@@ -60,10 +65,10 @@ private_server_start() {
     [ "$(id -u)" -ne 0 ] || as_user=(--user=root)
     private_server_folder=$(mktemp -d)
     private_server_password=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
-    mkdir "$private_server_folder/data"
+    mkdir -p "$private_server_folder"/data/{DBS,mdbs,temp}
     (umask 077 && private_server_accounts >"$private_server_folder/accounts.sql")
     if ! mariadb-install-db --no-defaults --force "${as_user[@]}" --auth-root-authentication-method=normal --skip-test-db \
-        --datadir="$private_server_folder/data" --tmpdir="$private_server_folder" >"$private_server_folder/log" 2>&1; then
+        --datadir="$private_server_folder/data/DBS" --tmpdir="$private_server_folder" >"$private_server_folder/log" 2>&1; then
         cat "$private_server_folder/log" >&2
         return 1
     fi
@@ -98,12 +103,8 @@ private_server_stop() {
 }
 
 # Waits in the background of the shell, so that a signal is served at once and not after the command's end.
-private_server_run() {
+private_server_wait_for() { # private_server_wait_for COMMAND...
     local command_pid result=0
-    if [ -z "${MYDB_SERVER:-}" ]; then
-        private_server_start || return 1
-        export MYDB_SERVER=$private_server_address MYDB_USER=vela_root MYDB_PASSWORD=$private_server_password
-    fi
     "$@" &
     command_pid=$!
     trap 'kill "$command_pid" 2>/dev/null; exit 130' INT
@@ -112,13 +113,39 @@ private_server_run() {
     return "$result"
 }
 
+private_server_export() {
+    export MYDB_SERVER=$private_server_address MYDB_USER=vela_root MYDB_PASSWORD=$private_server_password
+    export MYDB_DATA_DIR=$private_server_folder/data
+}
+
+private_server_run() {
+    if [ -z "${MYDB_SERVER:-}" ]; then
+        private_server_start || return 1
+        private_server_export
+    fi
+    private_server_wait_for "$@"
+}
+
+# Each run of this script has one server and stops that one: a second server is another run, within the first.
+private_server_run_second() {
+    private_server_start || return 1
+    export MYDB_SECOND_SERVER=$private_server_address MYDB_SECOND_USER=vela_root
+    export MYDB_SECOND_PASSWORD=$private_server_password MYDB_SECOND_DATA_DIR=$private_server_folder/data
+    private_server_wait_for "$@"
+}
+
 if [ "${BASH_SOURCE[0]}" = "$0" ]; then
-    if [ "${1:-}" != run ] || [ $# -lt 2 ]; then
-        echo "usage: private-server.sh run COMMAND..." >&2
+    case ${1:-} in
+    run) runner=private_server_run ;;
+    run-second) runner=private_server_run_second ;;
+    *) runner= ;;
+    esac
+    if [ -z "$runner" ] || [ $# -lt 2 ]; then
+        echo "usage: private-server.sh run|run-second COMMAND..." >&2
         exit 2
     fi
     trap private_server_stop EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
-    private_server_run "${@:2}"
+    "$runner" "${@:2}"
 fi
