@@ -2,14 +2,28 @@
 
 #include "CMyKey.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <regex>
 
 namespace {
 
 using server_test::EditedRecordSet;
 using Strings = std::vector<std::string>;
+
+/// A query info with "#" for each of the three digits in front of its " Sec".
+std::string WithoutMilliseconds(std::string info)
+{
+    constexpr size_t digits = 3;
+    const size_t end = info.rfind(" Sec");
+    if (end == std::string::npos || end < digits)
+        return info;
+    std::replace_if(
+        info.end() - static_cast<std::ptrdiff_t>(info.size() - end + digits),
+        info.end() - static_cast<std::ptrdiff_t>(info.size() - end),
+        [](char character) { return character >= '0' && character <= '9'; }, '#');
+    return info;
+}
 
 class Edit : public server_test::EditFixture
 {
@@ -34,15 +48,14 @@ TEST_F(Edit, SendsTheStatementsThatItDocuments)
     records.SetFieldDate("born", CDateTime(2024, 3, 5, 14, 7, 9));
     EXPECT_TRUE(records.AppendEnd()) << Message();
     EXPECT_EQ(records.GetModifyErrorCode(), 1);
-    EXPECT_TRUE(std::regex_match(Message(), std::regex("Query OK\\. 1 Record in 0\\.[0-9]{3} Sec")));
+    EXPECT_EQ(WithoutMilliseconds(Message()), "Query OK. 1 Record in 0.### Sec");
 
     records.ModifyStart("ID = 7");
     records.SetFieldNull("NAME");
     records.SetFieldOperation("AGE", "`t`.`AGE` + 1");
     EXPECT_TRUE(records.ModifyEnd()) << Message();
     EXPECT_EQ(records.GetModifyErrorCode(), 1);
-    EXPECT_TRUE(
-        std::regex_match(Message(), std::regex("Rows matched: 1  Changed: 1  Warnings: 0 in 0\\.[0-9]{3} Sec")));
+    EXPECT_EQ(WithoutMilliseconds(Message()), "Rows matched: 1  Changed: 1  Warnings: 0 in 0.### Sec");
 
     records.ModifyStart("(AGE > 10)");
     records.SetFieldWord("AGE", 40000);
