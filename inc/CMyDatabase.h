@@ -514,10 +514,12 @@ public:
     ///
     /// `statement`, if not empty, is what is sent; otherwise it is "SELECT * FROM " and `tableName`, which is used for
     /// nothing else. It goes to the server byte for byte in its own encoding, without a UTF-8 byte-order mark in front
-    /// and up to its first zero byte, and is not kept as GetLastSQLCommand. Kept: the table name is not quoted.
+    /// and up to its first zero byte, and is not kept as GetLastSQLCommand. Kept: the table name is not quoted. A CALL
+    /// leaves its closing status unread, as with ExecuteQuery.
     ///
     /// `progress` may be null. It gets PBM_DELTAPOS with a step after every so many rows, and at the end with the rows
-    /// that are left, 0 included. A step is a hundredth of the bar's upper bound, at least 100 rows.
+    /// that are left, 0 included. A step is a hundredth of the bar's upper bound, at least 100 rows. The bar must not
+    /// use this connection meanwhile, except for the accessors; GetQueryTime is the tick count of the start until then.
     ///
     /// The number of rows written, at most 2147483647; GetQueryTime is the time of the whole dump then, and the error
     /// code 0. A closed connection is opened first (Open(false, "")). One round trip.
@@ -545,7 +547,8 @@ public:
     /// created there with that server's default character set; for each table the statement of SHOW CREATE TABLE and a
     /// LOAD DATA LOCAL INFILE, then its file is deleted; last, what lies in the directory of this database (GetDBPath)
     /// and not in that of the target is copied there. Others can read and not write here until the UNLOCK. The wait
-    /// cursor is shown (MyDbUserInterface). Five statements per table, and eight.
+    /// cursor is shown (MyDbUserInterface). Six statements per table, and five, besides those of Open and
+    /// ExistDatabase.
     ///
     /// True: everything is there, and `target` is open. Kept: that does not mean that it is equal. The server warns and
     /// nobody hears when it stores other values than the file has. Compare with CHECKSUM TABLE, see to it that the
