@@ -1,82 +1,18 @@
-#include "CMyDatabase.h"
+#include "DumpFixture.h"
 
-#include "fake_client/FakeClientFixture.h"
-#include "framework/CWnd.h"
-#include "harness/FailurePoints.h"
-#include "harness/MessageRecorder.h"
-#include "harness/TemporaryFolder.h"
+#include "platform/TickCount.h"
 
-#include <fstream>
-#include <iterator>
+#include <algorithm>
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
-using fake::Call;
 using fake::Reply;
 
-CMyServer Server(const char* charset = "")
+class DumpTable : public DumpFixture
 {
-    CMyServer server;
-    server.SetHost("db.example");
-    server.SetPort(3306);
-    server.SetCharset(charset);
-    return server;
-}
-
-std::string ContentOf(const std::filesystem::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return stream ? std::string(std::istreambuf_iterator<char>(stream), {}) : "no file";
-}
-
-/// A progress bar that writes down what it is told.
-class RecordedBar final : public CProgressCtrl
-{
-public:
-    explicit RecordedBar(int upper) { SetRange32(0, upper); }
-    intptr_t SendMessage(unsigned int message, uintptr_t wParam, intptr_t lParam) override
-    {
-        steps.push_back(std::to_string(message) + ":" + std::to_string(wParam) + ":" + std::to_string(lParam));
-        return 0;
-    }
-    std::vector<std::string> steps;
-};
-
-class DumpTable : public fake::ClientFixture
-{
-protected:
-    DumpTable()
-    {
-        EXPECT_TRUE(m_database.Open(false, ""));
-        m_client.ForgetCalls();
-    }
-    void TearDown() override
-    {
-        m_database.Close();
-        fake::ClientFixture::TearDown();
-    }
-
-    /// As a copy dumps: comma, quotes, CR LF.
-    long Dump(const char* table = "t", const char* statement = "", CProgressCtrl* bar = nullptr)
-    {
-        return m_database.DumpTable(FileName(), table, false, statement, ",", "\"", "\r\n", bar);
-    }
-    std::string Dumped(const std::vector<fake::Row>& rows)
-    {
-        m_client.On("SELECT * FROM t", Reply::Rows(fake::TextFields({"A", "B"}), rows));
-        EXPECT_EQ(Dump(), static_cast<long>(rows.size()));
-        return ContentOf(m_file);
-    }
-    void ScriptRows(size_t count)
-    {
-        m_client.On("SELECT * FROM t", Reply::Rows({"A"}, std::vector<fake::Row>(count, fake::Row{"x"})));
-    }
-    UtCString FileName() const { return UtCString(m_file.string(), UT_ENCODING_UTF8); }
-
-    harness::TemporaryFolder m_folder;
-    std::filesystem::path m_file = m_folder.Path() / "dump.txt";
-    CMyDatabase m_database{Server(), "shop"};
 };
 
 // The file
@@ -187,6 +123,21 @@ TEST_F(DumpTable, WritesValuesLargerThanItsMemory)
               "\"" + escaped + "\",\"1\"\r\n\"2\",\"" + plain + "\"\r\n\"3\",\"4\"\r\n");
 }
 
+TEST_F(DumpTable, WritesValuesOfEverySizeThatJustFitsIntoItsMemory)
+{
+    std::vector<fake::Row> rows;
+    std::string expected;
+    for (size_t size = 65450; size < 65550; ++size) {
+        rows.push_back({std::string(size, 'x'), std::string(1, '\'')});
+        expected += "\"" + std::string(size, 'x') + "\",\"\\'\"\r\n";
+    }
+    for (size_t size = 130950; size < 131100; ++size) {
+        rows.push_back({std::nullopt, std::string(size, 'y')});
+        expected += "\\N,\"" + std::string(size, 'y') + "\"\r\n";
+    }
+    EXPECT_TRUE(Dumped(rows) == expected);
+}
+
 TEST_F(DumpTable, EmptiesAFileThatIsThere)
 {
     std::ofstream(m_file) << std::string(1000, 'z');
@@ -276,11 +227,53 @@ TEST_F(DumpTable, ClearsTheErrorOfTheStatementBefore)
     EXPECT_EQ(m_database.GetErrorMessage(), "Kein Fehler!");
 }
 
-TEST_F(DumpTable, TakesATimeAsADuration)
+TEST_F(DumpTable, LeavesTheAffectedRowsAsTheyWere)
 {
+    m_client.On("UPDATE t SET a = 1", Reply::Ok(3));
+    m_database.ExecuteQuery("UPDATE t SET a = 1", false, nullptr, false);
     ScriptRows(1);
     Dump();
-    EXPECT_LT(m_database.GetQueryTime(), 60000U);
+    EXPECT_EQ(m_database.GetAffectedRows(), 3);
+}
+
+/// A progress bar that takes its time and reads the query time meanwhile.
+class SlowBar final : public CProgressCtrl
+{
+public:
+    explicit SlowBar(const CMyDatabase& database) : m_database(database) {}
+    intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
+    {
+        queryTimes.push_back(static_cast<uint32_t>(m_database.GetQueryTime()));
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        return 0;
+    }
+    std::vector<uint32_t> queryTimes;
+
+private:
+    const CMyDatabase& m_database;
+};
+
+TEST_F(DumpTable, MeasuresTheTimeFromTheStatementToBehindTheLastStep)
+{
+    SlowBar bar(m_database);
+    m_client.SetStatementObserver(
+        [](const std::string&) { std::this_thread::sleep_for(std::chrono::milliseconds(30)); });
+    ScriptRows(1);
+    Dump("t", "", &bar);
+    EXPECT_GE(m_database.GetQueryTime(), 50U);
+    EXPECT_LT(m_database.GetQueryTime(), 10000U);
+}
+
+TEST_F(DumpTable, HasTheTimeOfItsStartAsTheQueryTimeUntilTheLastStep)
+{
+    SlowBar bar(m_database);
+    ScriptRows(150);
+    const uint32_t before = platform::TickCount();
+    Dump("t", "", &bar);
+    const uint32_t span = platform::TickCount() - before;
+    ASSERT_EQ(bar.queryTimes.size(), 2U);
+    EXPECT_LE(bar.queryTimes[0] - before, span);
+    EXPECT_EQ(bar.queryTimes[1], bar.queryTimes[0]);
 }
 
 // Progress
@@ -301,6 +294,14 @@ TEST_F(DumpTable, TellsTheBarAtLeastEveryHundredRows)
         EXPECT_EQ(Dump("t", "", &bar), 250);
         EXPECT_EQ(bar.steps, (std::vector<std::string>{"1027:100:0", "1027:100:0", "1027:50:0"})) << upper;
     }
+}
+
+TEST_F(DumpTable, TakesTheStepFromTheUpperBoundAlone)
+{
+    RecordedBar bar(20000, 15000);
+    ScriptRows(250);
+    Dump("t", "", &bar);
+    EXPECT_EQ(bar.steps, (std::vector<std::string>{"1027:200:0", "1027:50:0"}));
 }
 
 TEST_F(DumpTable, TakesTheFirstStepAboveAHundredFromTheRange)
@@ -348,194 +349,6 @@ TEST_F(DumpTable, FailsWhenTheBarThrows)
     EXPECT_EQ(m_database.GetErrorCode(), 2008U);
     EXPECT_EQ(m_database.GetQueryTime(), 0U);
     EXPECT_EQ(m_database.ExecuteQuery("DO 1", false, nullptr, false), 0);
-}
-
-// Failures
-
-TEST_F(DumpTable, SendsNothingWithoutAFile)
-{
-    const harness::MessageRecorder messages;
-    for (const std::string& path : {std::string(), m_folder.Path().string(), (m_folder.Path() / "no" / "f").string()}) {
-        EXPECT_EQ(m_database.DumpTable(UtCString(path, UT_ENCODING_UTF8), "t", false, "", "", "", "", nullptr), -1);
-    }
-    EXPECT_TRUE(m_client.Calls().empty());
-    EXPECT_TRUE(messages.Messages().empty());
-    EXPECT_EQ(m_database.GetErrorCode(), 0U);
-}
-
-TEST_F(DumpTable, RefusesAFileThatAnotherDumpIsWriting)
-{
-    class Rival final : public CProgressCtrl
-    {
-    public:
-        Rival(const UtCString& file, CMyDatabase& database) : m_file(file), m_database(database) {}
-        intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
-        {
-            result = m_database.DumpTable(m_file, "u", false, "", "", "", "", nullptr);
-            return 0;
-        }
-        long result = 0;
-
-    private:
-        const UtCString m_file;
-        CMyDatabase& m_database;
-    };
-    CMyDatabase other(Server(), "shop");
-    Rival rival(FileName(), other);
-    ScriptRows(100);
-    EXPECT_EQ(Dump("t", "", &rival), 100);
-    EXPECT_EQ(rival.result, -1);
-    EXPECT_EQ(ContentOf(m_file).size(), 500U);
-}
-
-TEST_F(DumpTable, OpensAClosedConnection)
-{
-    m_database.Close();
-    ScriptRows(1);
-    EXPECT_EQ(Dump(), 1);
-    EXPECT_TRUE(m_database.IsOpen());
-}
-
-TEST_F(DumpTable, FailsWithoutAConnectionAndTellsWhy)
-{
-    m_database.Close();
-    m_client.FailAlways(Call::Connect, 2002);
-    EXPECT_EQ(Dump(), -1);
-    EXPECT_EQ(m_database.GetErrorCode(), 2002U);
-}
-
-TEST_F(DumpTable, LeavesAnEmptyFileWhenTheStatementFails)
-{
-    const harness::MessageRecorder messages;
-    std::ofstream(m_file) << "old";
-    m_client.On("SELECT * FROM t", Reply::Error(1146, "Table 'shop.t' doesn't exist"));
-    EXPECT_EQ(Dump(), -1);
-    EXPECT_EQ(m_database.GetErrorCode(), 1146U);
-    EXPECT_EQ(m_database.GetErrorMessage(), "1146: Table 'shop.t' doesn't exist");
-    EXPECT_EQ(m_database.GetQueryTime(), 0U);
-    EXPECT_EQ(ContentOf(m_file), "");
-    EXPECT_TRUE(messages.Messages().empty());
-}
-
-TEST_F(DumpTable, DoesNotSendAStatementAgain)
-{
-    m_client.FailNext(Call::Query, 2013);
-    EXPECT_EQ(Dump(), -1);
-    EXPECT_EQ(m_database.GetErrorCode(), 2013U);
-    EXPECT_EQ(m_client.CountOf("mysql_real_query"), 1U);
-}
-
-TEST_F(DumpTable, FailsWhenTheRowsCannotBeTaken)
-{
-    m_client.On("SELECT * FROM t", [] {
-        Reply reply = Reply::ErrorAtResult(1317);
-        reply.fields = fake::TextFields({"A"});
-        return reply;
-    }());
-    EXPECT_EQ(Dump(), -1);
-    EXPECT_EQ(m_database.GetErrorCode(), 1317U);
-}
-
-TEST_F(DumpTable, FailsWithoutAnErrorForAStatementWithoutRows)
-{
-    m_client.On("UPDATE t SET a = 1", Reply::Ok(3));
-    EXPECT_EQ(Dump("t", "UPDATE t SET a = 1"), -1);
-    EXPECT_EQ(m_database.GetErrorCode(), 0U);
-    EXPECT_EQ(m_database.GetQueryTime(), 0U);
-}
-
-TEST_F(DumpTable, TellsALostConnectionFromTheEndOfTheRows)
-{
-    RecordedBar bar(100);
-    m_client.On("SELECT * FROM t", Reply::Rows({"A"}, {{"1"}, {"2"}, {"3"}}).CutAfter(2));
-    EXPECT_EQ(Dump("t", "", &bar), -1);
-    EXPECT_EQ(m_database.GetErrorCode(), 2013U);
-    EXPECT_EQ(m_database.GetQueryTime(), 0U);
-    EXPECT_TRUE(bar.steps.empty());
-}
-
-TEST_F(DumpTable, ShowsThatTheDiskIsFull)
-{
-    harness::MessageRecorder messages;
-    ScriptRows(3);
-    EXPECT_EQ(m_database.DumpTable("/dev/full", "t", false, "", "", "", "", nullptr), -1);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages()[0].text,
-              "Es konnten nicht alle Daten in die Datei /dev/full auf dem Server db.example geschrieben werden.\n"
-              "Stellen Sie sicher, dass auf dem Server db.example die neusten Servicepacks installiert sind.");
-    EXPECT_EQ(messages.Messages()[0].type, 16U);
-    EXPECT_EQ(m_database.GetErrorCode(), 0U);
-    EXPECT_EQ(m_database.GetQueryTime(), 0U);
-    EXPECT_EQ(m_database.ExecuteQuery("DO 1", false, nullptr, false), 0);
-}
-
-TEST_F(DumpTable, ShowsAFullDiskInTheMiddleOfTheRows)
-{
-    const harness::MessageRecorder messages;
-    m_client.On("SELECT * FROM t", Reply::Rows({"A"}, std::vector<fake::Row>(10, fake::Row{std::string(90000, 'x')})));
-    EXPECT_EQ(m_database.DumpTable("/dev/full", "t", false, "", "", "", "", nullptr), -1);
-    EXPECT_EQ(messages.Messages().size(), 1U);
-    EXPECT_LT(m_client.CountOf("mysql_fetch_row"), 10U);
-}
-
-TEST_F(DumpTable, WritesTheNameOfTheFileIntoTheMessageInTheSingleByteEncoding)
-{
-    harness::MessageRecorder messages;
-    m_database.GetServer().SetCharset("utf8mb4");
-    const std::filesystem::path link = m_folder.Path() / "Gr\xC3\xB6\xC3\x9F"
-                                                         "e";
-    std::filesystem::create_symlink("/dev/full", link);
-    ScriptRows(1);
-    m_database.DumpTable(UtCString(link.string(), UT_ENCODING_UTF8), "t", false, "", "", "", "", nullptr);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("/Gr\xF6\xDF"
-                                               "e auf dem Server"),
-              std::string::npos);
-}
-
-TEST_F(DumpTable, StillHoldsTheRowsWhileItShowsTheFailure)
-{
-    class LateBox final : public MyDbUserInterface
-    {
-    public:
-        LateBox() : m_previous(MyDbSetUserInterface(this)) {}
-        ~LateBox() override { MyDbSetUserInterface(m_previous); }
-        int ShowMessage(const UtCString&, unsigned int) override
-        {
-            resultsClosed = fake::Client::Get().ResultsClosed();
-            return MYDB_ANSWER_OK;
-        }
-        void BeginWait() override {}
-        void EndWait() override {}
-        size_t resultsClosed = 0;
-
-    private:
-        MyDbUserInterface* m_previous;
-    } box;
-    ScriptRows(1);
-    m_database.DumpTable("/dev/full", "t", false, "", "", "", "", nullptr);
-    EXPECT_EQ(box.resultsClosed + 1, m_client.ResultsClosed());
-}
-
-TEST(DumpTableFailures, EachFailingCallGivesItsResultAndLeavesTheConnectionUsable)
-{
-    harness::TemporaryFolder folder;
-    const UtCString file((folder.Path() / "f").string(), UT_ENCODING_UTF8);
-    const size_t points = harness::ForEachFailurePoint(
-        [] {
-            fake::Client::Get().On("SELECT * FROM t", Reply::Rows({"A"}, {{"1"}, {"o'x"}}));
-        },
-        [&](harness::FailureRun& run) {
-            CMyDatabase database(Server(), "");
-            const long rows = database.DumpTable(file, "t", true, "", "", "\"", "", nullptr);
-            run.EndOfWork();
-            EXPECT_EQ(rows, run.Failed() ? -1 : 2);
-            const bool isRecorded = run.Failed() && !run.Failed(Call::Init);
-            EXPECT_EQ(database.GetErrorCode(), isRecorded ? run.ErrorNumber() : 0U);
-            EXPECT_EQ(database.DumpTable(file, "t", true, "", "", "\"", "", nullptr), 2);
-            EXPECT_EQ(ContentOf((folder.Path() / "f")), "\"A\"\r\n\"1\"\r\n\"o\\'x\"\r\n");
-        });
-    EXPECT_EQ(points, 7U); // handle, connect, statement, result, two rows and their end
 }
 
 } // namespace

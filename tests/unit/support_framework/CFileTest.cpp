@@ -1,5 +1,6 @@
 #include "framework/CFile.h"
 
+#include "harness/OpenFile.h"
 #include "harness/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -94,6 +95,18 @@ TEST_F(CFileTest, ThrowsWhenTheDiskIsFull)
     EXPECT_TRUE(ThrowsFileException([&] { file.Write("x", 1); }));
     file.Write("", 0);
     file.Close();
+}
+
+TEST_F(CFileTest, ThrowsWhenTheSystemReportsAFailureOnClosing)
+{
+    CFile file;
+    ASSERT_TRUE(file.Open(Name(), creating));
+    ASSERT_TRUE(harness::CloseDescriptorOf(m_path));
+    EXPECT_TRUE(ThrowsFileException([&] { file.Close(); }));
+    file.Close(); // it is closed all the same
+    ASSERT_TRUE(file.Open(Name(), creating));
+    ASSERT_TRUE(harness::CloseDescriptorOf(m_path));
+    file.Abort();
 }
 
 TEST_F(CFileTest, ThrowsOnWritingWhileClosed)
