@@ -49,6 +49,11 @@ TEST_F(CopyLimits, FailsOnForeignKeysInTheWrongOrder)
                    "CREATE TABLE a (id INT PRIMARY KEY, z INT, FOREIGN KEY (z) REFERENCES z (id))"});
 }
 
+TEST_F(CopyLimits, FailsOnNamesThatDifferInLetterCaseOnly)
+{
+    ExpectFailure({"CREATE TABLE T (a INT)", "CREATE TABLE t (a INT)", "INSERT INTO T VALUES (1)"});
+}
+
 TEST_F(CopyLimits, RefusesATableNameWithAColonBeforeItLocks)
 {
     ExpectFailure({"CREATE TABLE t (a INT)", "CREATE TABLE `a:b` (a INT)"});

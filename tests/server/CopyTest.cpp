@@ -208,6 +208,15 @@ TEST_F(CopyDatabase, CarriesTheFilesBesideTheTables)
     EXPECT_TRUE(std::filesystem::exists(m_folder.Path() / "two" / "DBS" / "mydb_to" / "notes.txt"));
 }
 
+TEST_F(CopyDatabase, LeavesTheTargetInTheNewDatabase)
+{
+    CopyJob job(Access(), m_folder.Path());
+    job.sql.Run("CREATE TABLE a (x INT)");
+    ASSERT_TRUE(job.Copy());
+    EXPECT_EQ(job.target.ExecuteQuery("INSERT INTO a VALUES (1)", false, nullptr, false), 1);
+    EXPECT_EQ(job.sql.Column("SELECT x FROM mydb_to.a"), Texts{"1"});
+}
+
 TEST_F(CopyDatabase, CopiesToAnotherServer)
 {
     const harness::ServerProcess other({"--character-set-server=utf8mb4"});

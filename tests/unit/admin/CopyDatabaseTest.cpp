@@ -174,6 +174,55 @@ TEST_F(CopyDatabase, OpensItsOwnConnection)
     EXPECT_TRUE(Copy());
 }
 
+TEST_F(CopyDatabase, RemovesALinkThatHasTheNameOfATemporaryFileAndNotWhatItNames)
+{
+    const std::filesystem::path precious = m_folder.Path() / "precious.txt";
+    std::ofstream(precious) << "precious";
+    m_client.SetStatementObserver([&](const std::string& statement) {
+        if (!statement.starts_with("LOCK"))
+            return;
+        const time_t now = time(nullptr);
+        for (time_t start = now - 5; start <= now; ++start) { // the seconds in which the copy may have begun
+            tm local{};
+            char name[32] = "";
+            strftime(name, sizeof name, "kunden.%H%M%S_tmp", localtime_r(&start, &local));
+            std::filesystem::create_symlink(precious, Temp() / name);
+        }
+    });
+    EXPECT_TRUE(Copy());
+    EXPECT_EQ(ContentOf(precious), "precious");
+    EXPECT_EQ(TemporaryFiles().size(), 5U);
+}
+
+/// A connection whose Open works and says that it did not.
+class Pessimist final : public CMyDatabase
+{
+public:
+    using CMyDatabase::CMyDatabase;
+    bool Open(bool interactive, const UtCString& databaseName) override
+    {
+        CMyDatabase::Open(interactive, databaseName);
+        return false;
+    }
+};
+
+TEST_F(CopyDatabase, GoesOnWhereTheSourceHasAHandleAlthoughItsOpenFailed)
+{
+    Pessimist source(Server("one.example"), "shop");
+    EXPECT_TRUE(source.CopyDatabase(m_target, nullptr));
+    source.Close();
+}
+
+TEST_F(CopyDatabase, WantsATrueOpenOfTheTargetOnlyBehindItsCreation)
+{
+    Pessimist target(Server("two.example"), "shop2");
+    target.Open(false, "");
+    EXPECT_FALSE(m_source.CopyDatabase(target, nullptr));
+    Texts expected = UpTo("target: CREATE DATABASE `shop2`");
+    expected.push_back("source: UNLOCK TABLES;");
+    EXPECT_EQ(Sent(), expected);
+}
+
 // Refusals
 
 TEST_F(CopyDatabase, ChangesNothingWithoutASource)
@@ -373,103 +422,6 @@ TEST_F(CopyDatabase, IsUndoneWhenTheHostThrows)
     m_client.OnPrefix("LOAD DATA", Reply::Error(4166));
     EXPECT_FALSE(Copy());
     EXPECT_EQ(TemporaryFiles(), Texts{"order list.000000_tmp"}); // it was asked behind the first one
-}
-
-// The cleanup
-
-/// Lets a cleanup run for a number of turns and looks at the folder after each.
-class CountingHost final : public MyDbUserInterface
-{
-public:
-    CountingHost(const std::filesystem::path& folder, size_t turns)
-        : m_folder(folder), m_turns(turns), m_previous(MyDbSetUserInterface(this))
-    {
-    }
-    ~CountingHost() override { MyDbSetUserInterface(m_previous); }
-    int ShowMessage(const UtCString&, unsigned int) override { return MYDB_ANSWER_OK; }
-    void BeginWait() override {}
-    void EndWait() override {}
-    bool ContinueCleanup(unsigned long filesLeft) override
-    {
-        asked.push_back(filesLeft);
-        const auto files = std::filesystem::directory_iterator(m_folder);
-        found.push_back(std::distance(begin(files), end(files)));
-        return asked.size() < m_turns;
-    }
-    std::vector<unsigned long> asked;
-    std::vector<std::ptrdiff_t> found;
-
-private:
-    std::filesystem::path m_folder;
-    size_t m_turns;
-    MyDbUserInterface* m_previous;
-};
-
-TEST_F(CopyDatabase, Kept_K151_DoesNotEndTheCleanupByItself)
-{
-    CountingHost host(Temp(), 10000);
-    m_client.On("CREATE DATABASE `shop2`", Reply::Error(1007));
-    EXPECT_FALSE(Copy());
-    ASSERT_EQ(host.asked.size(), 10000U);
-    EXPECT_EQ(host.asked[0], 1U);
-    EXPECT_EQ(std::count(host.asked.begin(), host.asked.end(), 0U), 9999);
-    EXPECT_EQ(host.found[0], 1);
-    EXPECT_EQ(std::count(host.found.begin(), host.found.end(), 0), 9999);
-}
-
-TEST_F(CopyDatabase, EndsTheCleanupAtOnceWhenTheHostSaysNo)
-{
-    CountingHost host(Temp(), 1);
-    m_client.On("CREATE DATABASE `shop2`", Reply::Error(1007));
-    EXPECT_FALSE(Copy());
-    EXPECT_EQ(host.asked, std::vector<unsigned long>{1});
-    EXPECT_EQ(TemporaryFiles(), Texts{"order list.000000_tmp"});
-}
-
-/// Puts deleted files back after each of five turns and writes down which were gone.
-class Restoring final : public MyDbUserInterface
-{
-public:
-    explicit Restoring(const std::filesystem::path& folder) : m_folder(folder), m_previous(MyDbSetUserInterface(this))
-    {
-    }
-    ~Restoring() override { MyDbSetUserInterface(m_previous); }
-    int ShowMessage(const UtCString&, unsigned int) override { return MYDB_ANSWER_OK; }
-    void BeginWait() override {}
-    void EndWait() override {}
-    bool ContinueCleanup(unsigned long) override
-    {
-        if (m_stamp.empty()) // "kunden" is gone already
-            m_stamp = std::filesystem::directory_iterator(m_folder)->path().extension().string();
-        for (const std::string name : {"kunden", "order list"}) {
-            if (!std::filesystem::exists(m_folder / (name + m_stamp)))
-                deleted.push_back(name);
-            std::ofstream(m_folder / (name + m_stamp)) << "again";
-        }
-        return deleted.size() < 5;
-    }
-    std::vector<std::string> deleted;
-
-private:
-    std::filesystem::path m_folder;
-    std::string m_stamp;
-    MyDbUserInterface* m_previous;
-};
-
-TEST_F(CopyDatabase, DeletesTheFileNamedLastAgainInEveryTurn)
-{
-    Restoring host(Temp());
-    m_client.OnPrefix("LOAD DATA", Reply::Error(4166)); // that of kunden
-    EXPECT_FALSE(Copy());
-    EXPECT_EQ(host.deleted, (Texts{"kunden", "order list", "kunden", "kunden", "kunden"}));
-}
-
-TEST_F(CopyDatabase, DeletesTheLastOfAllFilesAgainWhenItsTableWasTheLast)
-{
-    Restoring host(Temp());
-    m_client.On("CREATE DATABASE `shop2`", Reply::Error(1007)); // all dumped, none loaded
-    EXPECT_FALSE(Copy());
-    EXPECT_EQ(host.deleted, (Texts{"kunden", "order list", "order list", "order list", "order list"}));
 }
 
 /// Each client call fails once, or from then on all of them.
