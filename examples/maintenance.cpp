@@ -355,12 +355,12 @@ void ShowEachCheck(CMyDatabase& database)
 
 void Damage(CMyDatabase& database, const UtCString& index)
 {
-    std::printf("\nNow a table is damaged on disk: its index file is emptied.\n\n  %s\n", Printable(index).c_str());
+    std::printf("\nNow a table is damaged on disk: its index file is emptied.\n\n  %s\n\n", Printable(index).c_str());
     Run(database, "FLUSH TABLES distance"); // the server closes its files
     std::filesystem::resize_file(Native(index), 0);
     CMyRecordSet rows(database, "");
     if (rows.Select("SELECT COUNT(*) FROM distance") == -1)
-        std::printf("  Reading it fails: %s\n\n", Printable(database.GetErrorMessage()).c_str());
+        std::printf("  Reading it fails: %s\n", Printable(database.GetErrorMessage()).c_str());
     ShowEachCheck(database);
 }
 
