@@ -97,7 +97,7 @@ std::vector<Loop> OneRowLoops(const Access& access, unsigned long selects)
 int main(int count, char** values)
 try {
     const Options options = ReadOptions(count, values);
-    const bench::ScanTable table(options.onlyOneRow ? 1 : options.rows);
+    const bench::ScanTable table(options.onlyOneRow ? 1 : options.rows, bench::numbersAndTexts);
     const Access& access = table.GetAccess();
     // A profiler's two sizes differ in the number of selects as they differ in the number of rows of the other loops.
     const unsigned long selects = options.loop.empty() ? 20000 : options.rows;

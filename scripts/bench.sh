@@ -6,7 +6,7 @@
 #                          times: tables of seconds, processor seconds and ratios
 #   bench.sh --edit [--statements N] [--runs N] [--engine NAME]
 #                          the same of writing alone
-#   bench.sh --bulk [--rows N] [--runs N]
+#   bench.sh --bulk [--rows N] [--runs N] [--table numbers|texts]
 #                          the same of dumping a table and copying a database
 #   bench.sh --instructions [--edit]
 #                          instructions per row, select and statement, counted by valgrind: the same on every run; of
