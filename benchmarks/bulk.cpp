@@ -4,8 +4,8 @@
 //     benchmark_bulk                     every loop, interleaved, and a table of times and ratios
 //     benchmark_bulk --rows 100000       with another number of rows (one million, a file of 190 MB)
 //     benchmark_bulk --runs 9            the number of runs of each loop, whose median counts (5)
-//     benchmark_bulk --table texts       with a table of texts, a file of 150 MB (numbers: half of the columns are
-//     numbers) benchmark_bulk --loop NAME         one loop, once: for a profiler
+//     benchmark_bulk --table texts       with a table of texts, a file of 150 MB (numbers)
+//     benchmark_bulk --loop NAME         one loop, once: for a profiler
 //
 // The server is the one that MYDB_SERVER=host:port, MYDB_USER and MYDB_PASSWORD name; scripts/bench.sh starts one.
 // Files are written into the folder that TMPDIR names.
