@@ -6,6 +6,7 @@
 #include "CMyDatabase.h"
 #include "CMyKey.h"
 #include "CMyRecordSet.h"
+#include "FuzzInput.h"
 #include "fake_client/FakeClient.h"
 #include "harness/SqlTokens.h"
 
@@ -74,34 +75,7 @@ struct Wanted
     UtCString value;
 };
 
-class Input
-{
-public:
-    Input(const uint8_t* data, size_t size) : m_data(data), m_size(size) {}
-
-    bool IsAtEnd() const { return m_size == 0; }
-    size_t Byte()
-    {
-        if (IsAtEnd())
-            return 0;
-        --m_size;
-        return *m_data++;
-    }
-    std::string_view Bytes(size_t size)
-    {
-        size = std::min(size, m_size);
-        const std::string_view bytes(reinterpret_cast<const char*>(m_data), size);
-        m_data += size;
-        m_size -= size;
-        return bytes;
-    }
-
-private:
-    const uint8_t* m_data;
-    size_t m_size;
-};
-
-Wanted NextCondition(Input& input)
+Wanted NextCondition(fuzz::Input& input)
 {
     const Column column = columns[input.Byte() % columns.size()];
     const std::string op = operators[input.Byte() % operators.size()];
@@ -199,7 +173,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     static const bool isLoaded = tables[0].Records().GetTableName() == "T" &&
                                  CMyKey("NAME", "x", "=").CreateClause(&tables[0].Records()) == "(`T`.`NAME` = 'x')";
     Require(isLoaded);
-    Input input(data, size);
+    fuzz::Input input(data, size);
     std::vector<Wanted> wanted;
     while (!input.IsAtEnd() && wanted.size() < 4)
         wanted.push_back(NextCondition(input));

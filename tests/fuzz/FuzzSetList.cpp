@@ -5,6 +5,7 @@
 // encoding, one for the size of the value, the value. The column is one of the table or the value itself.
 #include "CMyDatabase.h"
 #include "CMyRecordSet.h"
+#include "FuzzInput.h"
 #include "fake_client/FakeClient.h"
 #include "harness/SqlTokens.h"
 
@@ -63,33 +64,6 @@ struct Table
     RecordSet records;
 };
 
-class Input
-{
-public:
-    Input(const uint8_t* data, size_t size) : m_data(data), m_size(size) {}
-
-    bool IsAtEnd() const { return m_size == 0; }
-    size_t Byte()
-    {
-        if (IsAtEnd())
-            return 0;
-        --m_size;
-        return *m_data++;
-    }
-    std::string_view Bytes(size_t size)
-    {
-        size = std::min(size, m_size);
-        const std::string_view bytes(reinterpret_cast<const char*>(m_data), size);
-        m_data += size;
-        m_size -= size;
-        return bytes;
-    }
-
-private:
-    const uint8_t* m_data;
-    size_t m_size;
-};
-
 /// One assignment as it was meant: a literal, or words.
 struct Wanted
 {
@@ -109,7 +83,7 @@ class Bracket
 public:
     Bracket(Table& table, BackslashMode mode) : m_table(table), m_mode(mode) { Require(table.records.AppendStart()); }
 
-    void Set(Input& input)
+    void Set(fuzz::Input& input)
     {
         const size_t setter = input.Byte() % 7;
         const size_t column = input.Byte() % 4;
@@ -226,7 +200,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     static Table tables[] = {Table(""), Table("utf8mb4")};
     for (Table& table : tables) {
-        Input input(data, size);
+        fuzz::Input input(data, size);
         const BackslashMode mode = input.Byte() % 2 == 0 ? BackslashMode::Escapes : BackslashMode::IsPlain;
         fake::Client::Get().SetNoBackslashEscapes(mode == BackslashMode::IsPlain);
         Bracket bracket(table, mode);

@@ -1,4 +1,5 @@
 #include "RecordSetFixture.h"
+#include "Settings.h"
 
 #include "CMyTable.h"
 #include "ServerIniFile.h"
@@ -220,11 +221,7 @@ protected:
     CMyServer Settings() const
     {
         const harness::ServerAccess& access = harness::PrivateServer::Get().Administrator();
-        CMyServer server;
-        server.SetHost(access.host.c_str());
-        server.SetPort(access.port);
-        server.SetUser(access.user.c_str());
-        server.SetPassword(access.password.c_str());
+        CMyServer server = server_test::SettingsOf(access, "");
         server.SetDataDir("/data");
         return server;
     }

@@ -1,5 +1,6 @@
 #include "CMyDatabase.h"
 #include "MyDbUserInterface.h"
+#include "Settings.h"
 #include "harness/AllocationFailure.h"
 #include "harness/PrivateServer.h"
 
@@ -15,13 +16,7 @@ using harness::PrivateServer;
 CMyServer TesterSettings()
 {
     const harness::ServerAccess& access = PrivateServer::Get().Tester();
-    CMyServer server;
-    server.SetHost(access.host.c_str());
-    server.SetPort(access.port);
-    server.SetUser(access.user.c_str());
-    server.SetPassword(access.password.c_str());
-    server.SetCharset("utf8mb4");
-    return server;
+    return server_test::SettingsOf(access, "utf8mb4");
 }
 
 /// Memory that runs out, at each allocation in turn: once, or from there for good. The outcome is looked at when there

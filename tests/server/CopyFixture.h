@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CMyDatabase.h"
+#include "Settings.h"
 
 #include "ServerIniFile.h"
 #include "harness/GeneralLog.h"
@@ -64,12 +65,7 @@ public:
     static CMyServer Settings(const harness::ServerAccess& access, const std::filesystem::path& data,
                               const char* charset)
     {
-        CMyServer server;
-        server.SetHost(access.host.c_str());
-        server.SetPort(access.port);
-        server.SetUser(access.user.c_str());
-        server.SetPassword(access.password.c_str());
-        server.SetCharset(charset);
+        CMyServer server = server_test::SettingsOf(access, charset);
         server.SetDataDir(UtCString(data.string(), UT_ENCODING_UTF8).replace("/", "\\"));
         return server;
     }

@@ -1,5 +1,6 @@
 #include "CMyDatabase.h"
 #include "CMyTable.h"
+#include "Settings.h"
 #include "harness/GeneralLog.h"
 #include "harness/MessageRecorder.h"
 #include "harness/PrivateServer.h"
@@ -287,13 +288,7 @@ protected:
     static CMyServer Settings()
     {
         const harness::ServerAccess& access = s_server->Administrator();
-        CMyServer server;
-        server.SetHost(access.host.c_str());
-        server.SetPort(access.port);
-        server.SetUser(access.user.c_str());
-        server.SetPassword(access.password.c_str());
-        server.SetCharset("utf8mb4");
-        return server;
+        return server_test::SettingsOf(access, "utf8mb4");
     }
 
     Damage() { RawConnection(s_server->Administrator()).Run("CREATE DATABASE " + m_name); }

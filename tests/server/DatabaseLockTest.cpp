@@ -1,4 +1,5 @@
 #include "CMyDatabase.h"
+#include "Settings.h"
 
 #include "ServerIniFile.h"
 #include "harness/AllocationFailure.h"
@@ -25,13 +26,7 @@ constexpr int refused = 3;
 
 CMyServer SettingsOf(const harness::ServerAccess& access)
 {
-    CMyServer server;
-    server.SetHost(access.host.c_str());
-    server.SetPort(access.port);
-    server.SetUser(access.user.c_str());
-    server.SetPassword(access.password.c_str());
-    server.SetCharset("utf8mb4");
-    return server;
+    return server_test::SettingsOf(access, "utf8mb4");
 }
 
 CMyServer Settings()

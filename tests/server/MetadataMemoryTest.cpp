@@ -1,6 +1,7 @@
 #include "CMyDatabase.h"
 #include "CMyTable.h"
 #include "MyDbFunctions.h"
+#include "Settings.h"
 #include "harness/FailingAllocations.h"
 #include "harness/PrivateServer.h"
 #include "metadata/FieldCache.h"
@@ -16,12 +17,7 @@ const char* const longName = "a_table_with_a_name_that_does_not_fit_into_the_tex
 CMyServer TesterSettings()
 {
     const harness::ServerAccess& access = harness::PrivateServer::Get().Tester();
-    CMyServer server;
-    server.SetHost(access.host.c_str());
-    server.SetPort(access.port);
-    server.SetUser(access.user.c_str());
-    server.SetPassword(access.password.c_str());
-    return server;
+    return server_test::SettingsOf(access, "");
 }
 
 /// Memory that runs out, at each allocation in turn: once, or from there for good.

@@ -1,5 +1,6 @@
 #include "CMyDatabase.h"
 #include "CMyTable.h"
+#include "Settings.h"
 #include "harness/PrivateServer.h"
 #include "metadata/FieldCache.h"
 #include "metadata/FieldTypes.h"
@@ -13,12 +14,7 @@ namespace {
 CMyServer TesterSettings()
 {
     const harness::ServerAccess& access = harness::PrivateServer::Get().Tester();
-    CMyServer server;
-    server.SetHost(access.host.c_str());
-    server.SetPort(access.port);
-    server.SetUser(access.user.c_str());
-    server.SetPassword(access.password.c_str());
-    return server;
+    return server_test::SettingsOf(access, "");
 }
 
 std::string Text(const UtCString& text)

@@ -3,6 +3,7 @@
 #include "CMyDatabase.h"
 #include "CMyRecordSet.h"
 #include "CMyServer.h"
+#include "Settings.h"
 #include "harness/GeneralLog.h"
 #include "harness/PrivateServer.h"
 #include "metadata/FieldCache.h"
@@ -32,13 +33,7 @@ protected:
     static CMyServer Server(const char* charset = "")
     {
         const harness::ServerAccess& access = harness::PrivateServer::Get().Tester();
-        CMyServer server;
-        server.SetHost(access.host.c_str());
-        server.SetPort(access.port);
-        server.SetUser(access.user.c_str());
-        server.SetPassword(access.password.c_str());
-        server.SetCharset(charset);
-        return server;
+        return server_test::SettingsOf(access, charset);
     }
 
     void Run(const std::string& sql) { m_temporary.Sql().Run(sql); }

@@ -1,6 +1,7 @@
 #include "CMyDatabase.h"
 #include "CMyTable.h"
 #include "MyDbFunctions.h"
+#include "Settings.h"
 #include "harness/GeneralLog.h"
 #include "harness/PrivateServer.h"
 #include "harness/ServerProcess.h"
@@ -15,13 +16,7 @@ namespace {
 
 CMyServer Settings(const harness::ServerAccess& access, const char* charset = "")
 {
-    CMyServer server;
-    server.SetHost(access.host.c_str());
-    server.SetPort(access.port);
-    server.SetUser(access.user.c_str());
-    server.SetPassword(access.password.c_str());
-    server.SetCharset(charset);
-    return server;
+    return server_test::SettingsOf(access, charset);
 }
 
 CMyServer TesterSettings(const char* charset = "")

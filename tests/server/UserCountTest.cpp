@@ -1,4 +1,5 @@
 #include "CMyDatabase.h"
+#include "Settings.h"
 
 #include "harness/AllocationFailure.h"
 #include "harness/PrivateServer.h"
@@ -36,15 +37,7 @@ protected:
     }
     static ServerAccess As(const std::string& user) { return As(user, Password()); }
 
-    static CMyServer Settings(const ServerAccess& access)
-    {
-        CMyServer server;
-        server.SetHost(access.host.c_str());
-        server.SetPort(access.port);
-        server.SetUser(access.user.c_str());
-        server.SetPassword(access.password.c_str());
-        return server;
-    }
+    static CMyServer Settings(const ServerAccess& access) { return server_test::SettingsOf(access, ""); }
 
     static std::unique_ptr<harness::ServerProcess> s_server;
 
