@@ -3,8 +3,6 @@
 #include "admin/RowText.h"
 #include "connection/Guarded.h"
 
-#include <algorithm>
-
 // Looking for damage in all tables.
 
 namespace {
@@ -27,14 +25,10 @@ sql::Damage Check(CMyDatabase& database, const UtCString& name, UtCString* error
     sql::DatabaseCheck check(name, database.GetServer().GetEncodingType());
     if (!AddTables(database, check))
         return sql::Damage::None;
-    sql::Damage worst = sql::Damage::None;
-    admin::CheckReport(database, sql::Whole(check.Take())).ForEachRow([&](const sql::CheckRow& row) {
-        const sql::Damage damage = sql::DamageOf(row);
-        if (damage != sql::Damage::None && errorText)
+    return admin::CheckReport(database, sql::Whole(check.Take())).WorstDamage([&](const sql::CheckRow& row) {
+        if (errorText)
             sql::AppendDatabaseError(row, check.Filler(), *errorText);
-        worst = std::max(worst, damage);
     });
-    return worst;
 }
 
 eDB_CHECK ResultOf(sql::Damage damage) noexcept

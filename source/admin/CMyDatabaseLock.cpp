@@ -3,6 +3,7 @@
 #include "connection/Guarded.h"
 #include "connection/Reachable.h"
 #include "sql/DatabaseLock.h"
+#include "sql/StatementBuilder.h"
 
 namespace {
 
@@ -12,8 +13,7 @@ namespace {
 /// Whether the statement gives exactly this text; NULL gives the empty one.
 bool Answers(CMyDatabase& database, const UtCString& statement, const char* expected)
 {
-    if (statement.IsEmpty()) // no memory; an empty statement would be completed to another one
-        return false;
+    sql::Whole(statement); // before the record set asks for the connection
     CMyRecordSet answer(database, UtCString());
     if (answer.Select(statement, true, true) < 1)
         return false;

@@ -9,14 +9,10 @@ sql::Damage Check(CMyDatabase& database, const UtCString& table, UtCString* erro
 {
     const eUtEncodingType encoding = database.GetServer().GetEncodingType();
     const UtCString statement = sql::CheckTable(database.GetDatabaseName(), table, encoding);
-    sql::Damage worst = sql::Damage::None;
-    admin::CheckReport(database, sql::Whole(statement)).ForEachRow([&](const sql::CheckRow& row) {
-        const sql::Damage damage = sql::DamageOf(row);
-        if (damage != sql::Damage::None && errorText)
+    return admin::CheckReport(database, sql::Whole(statement)).WorstDamage([&](const sql::CheckRow& row) {
+        if (errorText)
             sql::AppendTableError(row, *errorText);
-        worst = std::max(worst, damage);
     });
-    return worst;
 }
 
 eTABLE_CHECK ResultOf(sql::Damage damage) noexcept

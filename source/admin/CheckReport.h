@@ -3,6 +3,8 @@
 #include "CMyRecordSet.h"
 #include "sql/TableCheck.h"
 
+#include <algorithm>
+
 namespace admin {
 
 /// The answer to a CHECK TABLE, read row by row. A statement that fails has no rows; it is shown in a message box. All
@@ -18,6 +20,19 @@ public:
     {
         for (bool isRow = m_hasRows; isRow; isRow = m_rows.MoveNext())
             visit(Row());
+    }
+
+    /// The worst that a row says. Calls `describe` with each row that says something bad.
+    template <class Describe> sql::Damage WorstDamage(Describe&& describe)
+    {
+        sql::Damage worst = sql::Damage::None;
+        ForEachRow([&](const sql::CheckRow& row) {
+            const sql::Damage damage = sql::DamageOf(row);
+            if (damage != sql::Damage::None)
+                describe(row);
+            worst = std::max(worst, damage);
+        });
+        return worst;
     }
 
 private:

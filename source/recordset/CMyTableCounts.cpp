@@ -2,6 +2,7 @@
 #include "CMyTable.h"
 #include "connection/Guarded.h"
 #include "sql/LookupStatement.h"
+#include "sql/StatementBuilder.h"
 #include "sql/TableStatus.h"
 
 // What a table handle asks the server: rows and sizes.
@@ -18,8 +19,7 @@ __int64 StatusNumber(CMyDatabase* database, const UtCString& table, const char* 
         const eUtEncodingType encoding = database->GetServer().GetEncodingType();
         const UtCString statement = sql::ShowTableStatusQuoted(database->GetDatabaseName(), table, encoding);
         CMyRecordSet status(database, UtCString());
-        const bool isFound = !statement.IsEmpty() && status.Select(statement, false, true) > 0;
-        return isFound ? status.GetFieldInt64(column) : unknown;
+        return status.Select(sql::Whole(statement), false, true) > 0 ? status.GetFieldInt64(column) : unknown;
     });
 }
 
@@ -31,7 +31,8 @@ long CMyTable::GetRecordCount() const
         return -1;
     return connection::Guarded(-1L, [&] {
         const UtCString statement = sql::CountTable(m_tableName, GetEncodingType());
-        return statement.IsEmpty() ? -1 : CMyRecordSet(m_database, m_tableName).CountSQL(statement);
+        sql::Whole(statement); // before the record set opens a connection for nothing
+        return CMyRecordSet(m_database, m_tableName).CountSQL(statement);
     });
 }
 

@@ -58,11 +58,10 @@ void PendingChanges::Add(UtCString column, UtCString sqlValue, const void* data,
 
 bool PendingChanges::Remove(const UtCString& column) noexcept
 {
-    const auto found = std::find_if(m_changes.begin(), m_changes.end(),
-                                    [&](const PendingChange& change) { return change.Column() == column; });
-    if (found == m_changes.end())
+    const PendingChange* const found = Find(column);
+    if (!found)
         return false;
-    m_changes.erase(found);
+    m_changes.erase(m_changes.begin() + (found - m_changes.data()));
     return true;
 }
 

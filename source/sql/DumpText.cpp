@@ -1,5 +1,7 @@
 #include "sql/DumpText.h"
 
+#include "text/CodePoints.h"
+
 #include <cstdint>
 #include <cstring>
 #include <new>
@@ -9,8 +11,7 @@ namespace {
 
 std::string FileText(const UtCString& text, eUtEncodingType encoding)
 {
-    const bool isWide = encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
-    const UtCString converted(text, isWide ? UT_ENCODING_UTF8 : encoding);
+    const UtCString converted(text, text::IsUtf16(encoding) ? UT_ENCODING_UTF8 : encoding);
     if (converted.IsEmpty() && !text.IsEmpty())
         throw std::bad_alloc();
     return std::string(converted.View());

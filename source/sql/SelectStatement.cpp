@@ -1,6 +1,6 @@
 #include "sql/SelectStatement.h"
 
-#include "text/TextBuilder.h"
+#include "sql/StatementBuilder.h"
 
 #include <algorithm>
 #include <array>
@@ -19,21 +19,14 @@ bool IsCompleteClause(const UtCString& clause)
 
 UtCString SelectAll(const UtCString& table, eUtEncodingType encoding)
 {
-    text::TextBuilder statement(encoding);
-    statement.Append("SELECT * FROM ", UT_ENCODING_DEFAULT); // KEPT K-40: the table name is not quoted.
-    statement.AppendText(table);
-    return statement.Take();
+    // KEPT K-40: the table name is not quoted.
+    return (StatementBuilder(encoding) << "SELECT * FROM " << table).Take();
 }
 
 UtCString SelectByClause(const UtCString& table, const UtCString& clause)
 {
-    text::TextBuilder statement(clause.GetEncodingType());
-    statement.Append("SELECT ", UT_ENCODING_DEFAULT);
-    statement.AppendText(table);
-    statement.Append(".* FROM ", UT_ENCODING_DEFAULT);
-    statement.AppendText(table);
-    statement.Append(IsCompleteClause(clause) ? " " : " WHERE ", UT_ENCODING_DEFAULT);
-    statement.AppendText(clause);
+    StatementBuilder statement(clause.GetEncodingType());
+    statement << "SELECT " << table << ".* FROM " << table << (IsCompleteClause(clause) ? " " : " WHERE ") << clause;
     return statement.Take();
 }
 

@@ -1,6 +1,6 @@
 #include "sql/TableStatus.h"
 
-#include "text/TextBuilder.h"
+#include "sql/StatementBuilder.h"
 #include "text/UtCStringList.h"
 
 namespace sql {
@@ -15,13 +15,8 @@ UtCString ShowTableStatus(const UtCString& database, const UtCString& table)
 
 UtCString ShowTableStatusQuoted(const UtCString& database, const UtCString& table, eUtEncodingType encoding)
 {
-    text::TextBuilder statement(encoding);
-    statement.Append("SHOW TABLE STATUS FROM `", UT_ENCODING_DEFAULT);
-    statement.AppendText(database);
-    statement.Append("` LIKE '", UT_ENCODING_DEFAULT);
-    statement.AppendText(table); // KEPT K-106: a pattern, and as the handle holds it.
-    statement.Append("'", UT_ENCODING_DEFAULT);
-    return statement.Take();
+    // KEPT K-106: the table name is a pattern, and as the handle holds it.
+    return (StatementBuilder(encoding) << "SHOW TABLE STATUS FROM `" << database << "` LIKE '" << table << "'").Take();
 }
 
 } // namespace sql

@@ -1,5 +1,6 @@
 #include "sql/ValueText.h"
 
+#include "text/CodePoints.h"
 #include "text/TextBuilder.h"
 #include "text/TextSearch.h"
 
@@ -9,11 +10,6 @@ namespace sql {
 namespace {
 
 constexpr std::string_view escaped("\r\n\t'\\\0", 6);
-
-bool IsWide(eUtEncodingType encoding) noexcept
-{
-    return encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
-}
 
 UtCString WithRefusal(UtCString text, double value)
 {
@@ -32,7 +28,7 @@ bool IsQuotedType(MYTYPES type) noexcept
 bool IsNullWord(const UtCString& value) noexcept
 {
     constexpr size_t letters = 4;
-    const size_t size = IsWide(value.GetEncodingType()) ? 2 * letters : letters;
+    const size_t size = text::IsUtf16(value.GetEncodingType()) ? 2 * letters : letters;
     return value.GetByteLength() == size && value.EqualNoCase("null");
 }
 
@@ -44,7 +40,7 @@ bool NeedsEscape(const UtCString& value) noexcept
 
 UtCString Quoted(const UtCString& escapedValue)
 {
-    if (IsWide(escapedValue.GetEncodingType())) { // an odd last byte would take half of the closing apostrophe
+    if (text::IsUtf16(escapedValue.GetEncodingType())) { // an odd last byte would take half of the closing apostrophe
         const UtCString narrow(escapedValue, UT_ENCODING_UTF8);
         return narrow.IsEmpty() == escapedValue.IsEmpty() ? Quoted(narrow) : UtCString();
     }

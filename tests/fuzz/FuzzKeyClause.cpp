@@ -7,6 +7,7 @@
 #include "CMyKey.h"
 #include "CMyRecordSet.h"
 #include "FuzzInput.h"
+#include "FuzzServer.h"
 #include "fake_client/FakeClient.h"
 #include "harness/SqlTokens.h"
 
@@ -41,7 +42,7 @@ constexpr std::array<eUtEncodingType, 5> encodings = {UT_ENCODING_DEFAULT, UT_EN
 class Table
 {
 public:
-    explicit Table(const char* charset) : m_database(Server(charset), "shop")
+    explicit Table(const char* charset) : m_database(fuzz::Server(charset), "shop")
     {
         fake::Client& client = fake::Client::Get();
         client.OnListFields("T", {{.name = "NAME", .type = MYSQL_TYPE_VAR_STRING, .charsetnr = 45},
@@ -54,16 +55,6 @@ public:
     const CMyRecordSet& Records() const { return m_records; }
 
 private:
-    static CMyServer Server(const char* charset)
-    {
-        CMyServer server;
-        server.SetHost("127.0.0.1");
-        server.SetPort(3306);
-        server.SetUser("tester");
-        server.SetCharset(charset);
-        return server;
-    }
-
     CMyDatabase m_database;
     CMyRecordSet m_records;
 };

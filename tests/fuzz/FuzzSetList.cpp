@@ -6,6 +6,7 @@
 #include "CMyDatabase.h"
 #include "CMyRecordSet.h"
 #include "FuzzInput.h"
+#include "FuzzServer.h"
 #include "fake_client/FakeClient.h"
 #include "harness/SqlTokens.h"
 
@@ -40,7 +41,7 @@ public:
 /// A record set of the table T on a connection in an encoding.
 struct Table
 {
-    explicit Table(const char* charset) : database(Server(charset), "shop")
+    explicit Table(const char* charset) : database(fuzz::Server(charset), "shop")
     {
         fake::Client& client = fake::Client::Get();
         client.OnListFields("T", {{.name = "UTF", .type = MYSQL_TYPE_VAR_STRING, .charsetnr = 45},
@@ -48,16 +49,6 @@ struct Table
                                   {.name = "MUST", .type = MYSQL_TYPE_LONG, .flags = NOT_NULL_FLAG, .charsetnr = 63}});
         client.OnPrefix("INSERT", fake::Reply::Ok(1));
         Require(records.SetDatabase(&database, "T"));
-    }
-
-    static CMyServer Server(const char* charset)
-    {
-        CMyServer server;
-        server.SetHost("127.0.0.1");
-        server.SetPort(3306);
-        server.SetUser("tester");
-        server.SetCharset(charset);
-        return server;
     }
 
     CMyDatabase database;
