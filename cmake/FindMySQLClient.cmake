@@ -7,7 +7,9 @@ if(TARGET MySQL::Client)
     return()
 endif()
 
-find_package(PkgConfig QUIET)
+if(NOT CMAKE_CROSSCOMPILING)
+    find_package(PkgConfig QUIET)
+endif()
 if(PkgConfig_FOUND)
     foreach(MODULE libmariadb mariadb mysqlclient)
         if(NOT PC_MYSQLCLIENT_FOUND)
@@ -17,7 +19,12 @@ if(PkgConfig_FOUND)
 endif()
 
 find_path(MYSQLCLIENT_INCLUDE_DIR mysql.h HINTS ${PC_MYSQLCLIENT_INCLUDE_DIRS} PATH_SUFFIXES mariadb mysql)
-find_library(MYSQLCLIENT_LIBRARY NAMES mariadb mysqlclient libmariadb HINTS ${PC_MYSQLCLIENT_LIBRARY_DIRS}
+# On Windows the archive comes first: a DLL with the client in it needs no second one beside it.
+set(MYSQLCLIENT_NAMES mariadb mysqlclient libmariadb)
+if(WIN32)
+    list(PREPEND MYSQLCLIENT_NAMES mariadbclient)
+endif()
+find_library(MYSQLCLIENT_LIBRARY NAMES ${MYSQLCLIENT_NAMES} HINTS ${PC_MYSQLCLIENT_LIBRARY_DIRS}
              PATH_SUFFIXES mariadb mysql)
 mark_as_advanced(MYSQLCLIENT_INCLUDE_DIR MYSQLCLIENT_LIBRARY)
 
@@ -32,4 +39,7 @@ if(MySQLClient_FOUND)
     add_library(MySQL::Client UNKNOWN IMPORTED)
     set_target_properties(MySQL::Client PROPERTIES IMPORTED_LOCATION "${MYSQLCLIENT_LIBRARY}")
     target_link_libraries(MySQL::Client INTERFACE MySQL::ClientHeaders)
+    if(WIN32)
+        target_link_libraries(MySQL::Client INTERFACE ws2_32 shlwapi crypt32 secur32 bcrypt)
+    endif()
 endif()
