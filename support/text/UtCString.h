@@ -168,11 +168,13 @@ public:
     bool ChangeEncodingType(eUtEncodingType encoding) noexcept;
     /// Texts that are equal have equal hashes, whatever their encodings. Not for storing: it may differ between
     /// systems.
-    uint64_t Hash() const noexcept;
+    // (Said to be inline here already, as its body follows behind the class: a compiler that takes the class from a DLL
+    // must know before it meets a use.)
+    inline uint64_t Hash() const noexcept;
 
     // Comparison: of the texts, character by character, also when the encodings differ
 
-    bool operator==(const UtCString& other) const noexcept;
+    inline bool operator==(const UtCString& other) const noexcept;
     bool operator!=(const UtCString& other) const noexcept { return !(*this == other); }
     bool operator==(const char* text) const noexcept;
     bool operator!=(const char* text) const noexcept { return !(*this == text); }
@@ -318,8 +320,8 @@ private:
     bool PointsInto(std::string_view bytes) const noexcept;
     void Erase(size_t begin, size_t end) noexcept;
     // Whether the hash of the bytes, which is set in any case, is the hash of the text.
-    bool HashBytes(uint64_t& hash) const noexcept;
-    bool HasSameBytes(const UtCString& other) const noexcept;
+    inline bool HashBytes(uint64_t& hash) const noexcept;
+    inline bool HasSameBytes(const UtCString& other) const noexcept;
     bool EqualsOtherEncoding(const UtCString& other) const noexcept;
     uint64_t HashOfCharacters() const noexcept;
     UtCString Piece(size_t begin, size_t end) const noexcept;
