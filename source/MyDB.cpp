@@ -3,6 +3,7 @@
 #include "connection/ProcessState.h"
 #include "connection/UserInterface.h"
 #include "platform/MessageBox.h"
+#include "platform/WaitCursor.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,8 +21,8 @@ public:
     {
         return platform::ShowMessageBox(UtCString(text, UT_ENCODING_UTF8).View(), type);
     }
-    void BeginWait() override {}
-    void EndWait() override {}
+    void BeginWait() override { platform::BeginWaitCursor(); }
+    void EndWait() override { platform::EndWaitCursor(); }
 };
 
 MyDbUserInterface* hostUserInterface = nullptr;

@@ -1,6 +1,6 @@
 #include "platform/MessageBox.h"
 
-#include "platform/Terminal.h"
+#include "platform/posix/Terminal.h"
 
 namespace platform {
 

@@ -39,13 +39,6 @@ template <class Number> void ReadHex(std::string_view text, size_t position, Num
     std::from_chars(first, first + 2 * sizeof(Number), number, 16);
 }
 
-template <class Number> void WriteHex(std::array<char, textLength>& text, size_t position, Number number) noexcept
-{
-    constexpr char digits[] = "0123456789abcdef";
-    for (size_t index = 2 * sizeof(Number); index-- > 0; number = static_cast<Number>(number >> 4))
-        text[position + index] = digits[number & 15];
-}
-
 } // namespace
 
 bool GuidFromText(std::string_view text, _GUID& guid) noexcept
@@ -58,18 +51,6 @@ bool GuidFromText(std::string_view text, _GUID& guid) noexcept
     for (size_t index = 0; index < tailPositions.size(); ++index)
         ReadHex(text, tailPositions[index], guid.Data4[index]);
     return true;
-}
-
-std::array<char, textLength> GuidCharacters(const _GUID& guid) noexcept
-{
-    std::array<char, textLength> text;
-    text.fill('-');
-    WriteHex(text, 0, guid.Data1);
-    WriteHex(text, 9, guid.Data2);
-    WriteHex(text, 14, guid.Data3);
-    for (size_t index = 0; index < tailPositions.size(); ++index)
-        WriteHex(text, tailPositions[index], guid.Data4[index]);
-    return text;
 }
 
 std::string GuidToText(const _GUID& guid)

@@ -1,0 +1,4 @@
+#include "platform/WaitCursor.h"
+
+void platform::BeginWaitCursor() noexcept {}
+void platform::EndWaitCursor() noexcept {}
