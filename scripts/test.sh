@@ -2,12 +2,22 @@
 # Runs everything that has to hold before a change is accepted. Works on a fresh Debian 12, as root or with sudo.
 # The last line is "N passed, M failed": test cases, checks and fuzz targets.
 #
+#   test.sh                      everything: this system, then Windows
+#   test.sh --linux              this system alone
+#   test.sh --windows            Windows alone: cross-built, and run under Wine
+#
 #   MYDB_TEST_SERVER=host:port   run the server tests on that server in place of a private one
 #   MYDB_FUZZ_SECONDS=30         time per fuzz target
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 # shellcheck source=scripts/setup.sh
 source scripts/setup.sh
+
+case ${1:-} in
+"") parts=(linux windows) ;;
+--linux | --windows) parts=("${1#--}") ;;
+*) fail "usage: scripts/test.sh [--linux|--windows]" ;;
+esac
 
 started=$SECONDS
 results=$(mktemp -d)
@@ -76,12 +86,47 @@ run_fuzzers() {
     printf '    done in %d s\n' $((SECONDS - from))
 }
 
-need_packages "${build_packages[@]}" "${server_packages[@]}" "${test_packages[@]}"
-export CXX=g++ PYTHONDONTWRITEBYTECODE=1
-try_build dev "Building library, tests and examples" && run_ctest dev
-try_build asan "Building them for the address and undefined-behaviour sanitizers" && run_ctest asan -LE 'tools|headers'
-unset CXX
-try_build fuzz "Building the fuzz programs with clang" && run_fuzzers
+test_linux() {
+    need_packages "${build_packages[@]}" "${server_packages[@]}" "${test_packages[@]}"
+    export CXX=g++
+    try_build dev "Building library, tests and examples" && run_ctest dev
+    try_build asan "Building them for the address and undefined-behaviour sanitizers" && run_ctest asan -LE 'tools|headers'
+    unset CXX
+    try_build fuzz "Building the fuzz programs with clang" && run_fuzzers
+}
+
+# A step that the tests of Windows need: what fails here fails the run, and the tests are left out.
+prepare() { # prepare SCRIPT
+    if ! "scripts/$1"; then
+        record failed "windows: $1"
+        return 1
+    fi
+}
+
+# One server per prefix for the whole run: each program would start and end its own.
+wine_servers() { # wine_servers OPTION
+    local prefix
+    for prefix in .cache/wine/*/; do
+        WINEPREFIX=$PWD/${prefix%/} WINEDEBUG=-all /usr/lib/wine/wineserver "$1"
+    done
+}
+
+test_windows() {
+    local from=$SECONDS
+    need_packages "${build_packages[@]}" "${server_packages[@]}" "${windows_packages[@]}"
+    if prepare windows-client.sh && prepare wine-prefix.sh &&
+        try_build windows "Cross-building library, tests and examples for Windows"; then
+        wine_servers -p
+        run_ctest windows
+        wine_servers -k
+    fi
+    say "The Windows part took $((SECONDS - from)) s"
+}
+
+export PYTHONDONTWRITEBYTECODE=1
+for part in "${parts[@]}"; do
+    "test_$part"
+done
 
 say "Everything together took $((SECONDS - started)) s"
 tools/count_results "$results"
