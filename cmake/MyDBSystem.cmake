@@ -1,0 +1,16 @@
+# mydb_leave_out_other_system(<list>): takes the sources out of the list that stand in a folder posix/ or win32/ and
+# belong to the system that is not being built for. Where the repository itself stands does not matter.
+function(mydb_leave_out_other_system LIST)
+    set(OTHER_SYSTEM win32)
+    if(WIN32)
+        set(OTHER_SYSTEM posix)
+    endif()
+    set(KEPT)
+    foreach(SOURCE IN LISTS ${LIST})
+        cmake_path(RELATIVE_PATH SOURCE BASE_DIRECTORY "${PROJECT_SOURCE_DIR}" OUTPUT_VARIABLE PLACE)
+        if(NOT PLACE MATCHES "/${OTHER_SYSTEM}/")
+            list(APPEND KEPT "${SOURCE}")
+        endif()
+    endforeach()
+    set(${LIST} "${KEPT}" PARENT_SCOPE)
+endfunction()
