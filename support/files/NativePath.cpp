@@ -1,5 +1,6 @@
 #include "files/NativePath.h"
 
+#include "files/FileSystemPath.h"
 #include "platform/Folder.h"
 #include "platform/PathRules.h"
 
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 bool Exists(const std::string& path)
 {
     std::error_code error;
-    return fs::symlink_status(path, error).type() != fs::file_type::not_found && !error;
+    return fs::symlink_status(FileSystemPath(path), error).type() != fs::file_type::not_found && !error;
 }
 
 // Throws rather than answer for a text that is empty because memory ran out.

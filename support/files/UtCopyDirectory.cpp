@@ -1,3 +1,4 @@
+#include "files/FileSystemPath.h"
 #include "files/NativePath.h"
 #include "files/UtFile.h"
 #include "platform/Folder.h"
@@ -49,9 +50,10 @@ private:
         m_openSources.push_back(source);
         std::vector<std::string> names;
         const bool isCopied =
-            platform::ListFolder(source.string(), names) &&
+            platform::ListFolder(files::NativeText(source), names) &&
             std::all_of(names.begin(), names.end(), [this, &source, &target](const std::string& name) {
-                return CopyEntry(source / name, target / name);
+                const fs::path entry = files::FileSystemPath(name);
+                return CopyEntry(source / entry, target / entry);
             });
         m_openSources.pop_back();
         return isCopied;
@@ -88,7 +90,7 @@ private:
 
 bool CopyTree(const std::string& from, const std::string& to)
 {
-    return !from.empty() && !to.empty() && TreeCopy(to).Run(from);
+    return !from.empty() && !to.empty() && TreeCopy(files::FileSystemPath(to)).Run(files::FileSystemPath(from));
 }
 
 } // namespace

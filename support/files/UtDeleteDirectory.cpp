@@ -1,4 +1,5 @@
 #include "files/DeletablePath.h"
+#include "files/FileSystemPath.h"
 #include "files/NativePath.h"
 #include "files/UtFile.h"
 #include "platform/Folder.h"
@@ -38,7 +39,7 @@ std::string WithoutTrailingSeparators(std::string nativePath)
 
 bool IsDeletable(const std::string& nativePath)
 {
-    const fs::path path = nativePath;
+    const fs::path path = FileSystemPath(nativePath);
     return !path.empty() && !IsDrive(nativePath) && !IsDotName(path.filename()) && !IsRoot(path);
 }
 
@@ -59,16 +60,17 @@ bool RemoveLink(const fs::path& path)
     return IsGone(path);
 }
 
-bool DeleteTree(const std::string& path)
+bool DeleteTree(const std::string& nativePath)
 {
-    if (!files::IsDeletable(path))
+    if (!files::IsDeletable(nativePath))
         return false;
+    const fs::path path = files::FileSystemPath(nativePath);
     if (IsGone(path))
         return true;
     std::error_code error;
     if (!fs::is_directory(path, error))
         return false;
-    return fs::is_symlink(fs::symlink_status(path, error)) ? RemoveLink(path) : platform::RemoveFolderTree(path);
+    return fs::is_symlink(fs::symlink_status(path, error)) ? RemoveLink(path) : platform::RemoveFolderTree(nativePath);
 }
 
 } // namespace

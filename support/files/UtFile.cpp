@@ -1,5 +1,6 @@
 #include "files/UtFile.h"
 
+#include "files/FileSystemPath.h"
 #include "files/NativePath.h"
 #include "platform/PathRules.h"
 
@@ -15,7 +16,7 @@ fs::file_status StatusOf(const UtCString& path)
 {
     const std::string native = files::NativePath(path);
     std::error_code error;
-    return native.empty() ? fs::file_status() : fs::status(native, error);
+    return native.empty() ? fs::file_status() : fs::status(files::FileSystemPath(native), error);
 }
 
 UtCString TempDirectoryWithBackslashes()

@@ -85,7 +85,7 @@ std::string HeaderLine(IniRandom& random, const std::string& name)
 /// A line that changes nothing, wherever it stands.
 std::string NoiseLine(IniRandom& random)
 {
-    static const char* const lines[] = {"",        ";Port=1",       "  ; Server=wrong",  "Port",
+    static const char* const lines[] = {"",        ";Port=1",       "  ; Server=wrong",  "Ports",
                                         "=Port=1", "[SQL-Server",   "\"Port\"=1",        "Port2=1",
                                         "#Port=1", "XServer=wrong", "\xEF\xBB\xBFPort=1"};
     return Joined({lines[Below(random, 11)], RandomLineEnd(random)});
@@ -99,9 +99,14 @@ std::vector<Entry> EntriesOf(const IniSettings& expected)
             {"Port", std::to_string(expected.port)}};
 }
 
+unsigned long RandomPort(IniRandom& random)
+{
+    return static_cast<unsigned long>(1 + Below(random, 65535));
+}
+
 IniSettings RandomExpected(IniRandom& random)
 {
-    return {RandomWord(random, 40), RandomWord(random, 40), RandomWord(random, 200), 1 + Below(random, 65535)};
+    return {RandomWord(random, 40), RandomWord(random, 40), RandomWord(random, 200), RandomPort(random)};
 }
 
 std::string SectionOf(IniRandom& random, const IniSettings& expected)
@@ -229,7 +234,7 @@ std::string Utf16(const std::string& ascii, bool lowByteFirst)
 
 GeneratedIni Utf16LowByteFirst(IniRandom& random)
 {
-    const IniSettings expected{"db" + std::to_string(random()), "kim", "C:\\sql", 1 + Below(random, 65535)};
+    const IniSettings expected{"db" + std::to_string(random()), "kim", "C:\\sql", RandomPort(random)};
     std::string bytes = "[SQL-Server]\r\n";
     for (const Entry& entry : EntriesOf(expected))
         bytes += EntryLine(random, entry);
@@ -281,7 +286,7 @@ GeneratedIni QuotesInValues(IniRandom& random)
     const QuotedValue& host = RandomQuotedValue(random);
     const QuotedValue& user = RandomQuotedValue(random);
     const QuotedValue& programs = RandomQuotedValue(random);
-    const unsigned long port = 1 + Below(random, 65535);
+    const unsigned long port = RandomPort(random);
     return {HeaderLine(random, "SQL-Server") + "Server= " + host.written + " \r\nUser=" + user.written +
                 "\nServerDir=\t" + programs.written + "\r\nPort=\"" + std::to_string(port) + "\"",
             {host.value, user.value, programs.value, port}};
@@ -306,7 +311,8 @@ GeneratedIni QuotesInNames(IniRandom& random)
 GeneratedIni WellFormedIni(IniRandom& random)
 {
     const IniSettings expected = RandomExpected(random);
-    return {Joined({NoiseLine(random), ForeignSection(random), SectionOf(random, expected), ForeignSection(random)}),
+    return {Joined({RandomLineEnd(random), NoiseLine(random), ForeignSection(random), SectionOf(random, expected),
+                    ForeignSection(random)}),
             expected};
 }
 
@@ -322,11 +328,14 @@ const IniKind kinds[] = {
     {"ManySections", ManySections, 60},
     {"Duplicates", Duplicates, 300},
     {"MissingSection", MissingSection, 150},
-    {"Utf8Mark", Utf8Mark, 100},
     {"Utf16LowByteFirst", Utf16LowByteFirst, 100},
-    {"Utf16HighByteFirst", Utf16HighByteFirst, 50},
     {"QuotesInValues", QuotesInValues, 200},
     {"QuotesInNames", QuotesInNames, 100},
+};
+
+const IniKind kindsWithForeignMarks[] = {
+    {"Utf8Mark", Utf8Mark, 100},
+    {"Utf16HighByteFirst", Utf16HighByteFirst, 50},
 };
 
 } // namespace
@@ -334,6 +343,11 @@ const IniKind kinds[] = {
 std::span<const IniKind> IniKinds()
 {
     return kinds;
+}
+
+std::span<const IniKind> IniKindsWithForeignMarks()
+{
+    return kindsWithForeignMarks;
 }
 
 } // namespace harness

@@ -34,7 +34,11 @@ struct IniKind
     int count;
 };
 
+/// What every system reads alike.
 std::span<const IniKind> IniKinds();
+
+/// With byte-order marks that an INI reader does not know. Wine's knows them.
+std::span<const IniKind> IniKindsWithForeignMarks();
 
 GeneratedIni WellFormedIni(IniRandom& random);
 

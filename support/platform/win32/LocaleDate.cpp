@@ -3,39 +3,46 @@
 #include "platform/win32/Recode.h"
 #include "platform/win32/WinApi.h"
 
+#include <cwchar>
 #include <oleauto.h>
 
 namespace platform {
 namespace {
 
-SYSTEMTIME SystemTimeOf(const CalendarFields& date)
+// The encoding in which the system writes dates of the user's locale; a locale without one uses the system's own.
+unsigned int CodePageOfUser()
 {
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(date.year);
-    time.wMonth = static_cast<WORD>(date.month);
-    time.wDay = static_cast<WORD>(date.day);
-    return time;
+    wchar_t number[8] = L"";
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE, number, 8);
+    return static_cast<unsigned int>(std::wcstoul(number, nullptr, 10));
 }
 
 } // namespace
 
 std::string ShortDate(const CalendarFields& date)
 {
-    const SYSTEMTIME time = SystemTimeOf(date);
-    char text[80];
-    const int size = GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, sizeof text);
-    if (size < 2)
-        return {};
-    return ToUtf8(ToWide({text, static_cast<size_t>(size) - 1}, CP_ACP));
+    constexpr int longest = 78;
+    SYSTEMTIME day{};
+    day.wYear = static_cast<WORD>(date.year);
+    day.wMonth = static_cast<WORD>(date.month);
+    day.wDay = static_cast<WORD>(date.day);
+    char text[longest + 2] = "";
+    GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &day, nullptr, text, sizeof text);
+    const std::string_view shown = text;
+    return shown.size() <= longest ? ToUtf8(ToWide(shown, CodePageOfUser())) : std::string();
 }
 
 bool ParseLocaleDate(std::string_view utf8, uint32_t flags, CalendarFields& result)
 {
-    std::wstring text = ToWide(utf8, CP_UTF8);
-    DATE date = 0;
-    SYSTEMTIME time;
-    if (FAILED(VarDateFromStr(text.data(), LOCALE_USER_DEFAULT, flags, &date)) || !VariantTimeToSystemTime(date, &time))
+    std::wstring text = ToWide(utf8);
+    if (text.find(L'\0') != std::wstring::npos)
         return false;
+    DATE date = 0;
+    UDATE fields{};
+    if (FAILED(VarDateFromStr(text.data(), LOCALE_USER_DEFAULT, flags, &date)) ||
+        FAILED(VarUdateFromDate(date, 0, &fields)))
+        return false;
+    const SYSTEMTIME& time = fields.st;
     result = {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
     return true;
 }

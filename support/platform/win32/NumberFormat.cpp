@@ -1,14 +1,37 @@
 #include "platform/NumberFormat.h"
 
+#include "platform/PlainNumber.h"
 #include "platform/win32/WinApi.h"
 
-std::string platform::FormatNumber(std::string_view number)
+namespace platform {
+namespace {
+
+constexpr size_t decimals = 4;
+
+/// Empty when the system refuses. The digits are rounded already: a carry can come out of the system's own rounding
+/// behind a missing separator.
+std::string FormattedBySystem(const std::string& digits)
 {
     char point[] = ".";
     char thousands[] = "'";
-    const NUMBERFMTA format = {4, 0, 3, point, thousands, 1};
-    char text[128];
-    const std::string terminated(number);
-    const int size = GetNumberFormatA(LOCALE_USER_DEFAULT, 0, terminated.c_str(), &format, text, sizeof text);
-    return size > 0 ? std::string(text) : std::string();
+    const NUMBERFMTA format = {decimals, 0, 3, point, thousands, 1};
+    const std::string number =
+        '0' + digits.substr(0, digits.size() - decimals) + '.' + digits.substr(digits.size() - decimals);
+    char text[128] = "";
+    GetNumberFormatA(LOCALE_USER_DEFAULT, 0, number.c_str(), &format, text, sizeof text);
+    return text;
 }
+
+} // namespace
+
+std::string FormatNumber(std::string_view number)
+{
+    constexpr size_t mostDigits = 60; // the system's formatter writes longer ones over the end of its memory
+    const std::string digits = RoundedDigits(number);
+    if (digits.empty())
+        return digits;
+    const std::string text = digits.size() > mostDigits ? std::string() : FormattedBySystem(digits);
+    return text.empty() ? GroupedNumber(digits) : text;
+}
+
+} // namespace platform

@@ -9,8 +9,8 @@ namespace platform {
 
 intptr_t CreateOutputFile(const std::string& nativePath) noexcept
 try {
-    return reinterpret_cast<intptr_t>(CreateFileW(ToWide(nativePath, CP_UTF8).c_str(), GENERIC_READ | GENERIC_WRITE, 0,
-                                                  nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return reinterpret_cast<intptr_t>(CreateFileW(ToWide(nativePath).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 } catch (...) {
     return noFile;
 }

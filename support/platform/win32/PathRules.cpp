@@ -13,7 +13,8 @@ PathRules SystemPathRules() noexcept
 std::string TempDirectory()
 {
     wchar_t path[MAX_PATH + 1];
-    return ToUtf8({path, GetTempPathW(MAX_PATH + 1, path)});
+    const DWORD length = GetTempPathW(MAX_PATH + 1, path);
+    return length <= MAX_PATH ? ToUtf8({path, length}) : std::string();
 }
 
 } // namespace platform

@@ -1,34 +1,12 @@
-#include "connection/CDES.h"
+#include "unit/serverini/CDESBlocks.h"
 
 #include <gtest/gtest.h>
 
-#define OPENSSL_SUPPRESS_DEPRECATED // the reference is wanted just because it is old
-#include <openssl/des.h>
-
-#include <algorithm>
-#include <random>
 #include <type_traits>
 
 namespace {
 
 using Mode = CDES::Mode;
-
-template <std::size_t Size> std::array<std::uint8_t, Size> Bytes(std::uint64_t number)
-{
-    std::array<std::uint8_t, Size> bytes{};
-    for (std::size_t index = 0; index < Size; ++index)
-        bytes[index] = static_cast<std::uint8_t>(number >> (8 * (Size - 1 - index)) & 0xFFU);
-    return bytes;
-}
-
-CDES::Block BlockOf(std::uint64_t number)
-{
-    return Bytes<CDES::blockSize>(number);
-}
-CDES::Key KeyOf(std::uint64_t number)
-{
-    return Bytes<CDES::keySize>(number);
-}
 
 struct PublishedVector
 {
@@ -84,42 +62,6 @@ TEST_P(CdesVector, Deciphers)
 
 INSTANTIATE_TEST_SUITE_P(Published, CdesVector, testing::ValuesIn(publishedVectors),
                          [](const auto& row) { return row.param.name; });
-
-/// The reference takes the 64-bit form: seven key bits to a byte, a parity bit below them.
-void SetReferenceKey(std::uint64_t key, DES_key_schedule& schedule)
-{
-    DES_cblock spread{};
-    for (std::size_t index = 0; index < sizeof spread; ++index)
-        spread[index] = static_cast<unsigned char>((key >> (49 - 7 * index) & 0x7FU) << 1);
-    DES_set_key_unchecked(&spread, &schedule);
-}
-
-CDES::Block Reference(const DES_key_schedule& schedule, const CDES::Block& block)
-{
-    DES_cblock input{};
-    DES_cblock output{};
-    std::copy(block.begin(), block.end(), input);
-    DES_key_schedule copy = schedule;
-    DES_ecb_encrypt(&input, &output, &copy, DES_ENCRYPT);
-    CDES::Block result{};
-    std::copy(std::begin(output), std::end(output), result.begin());
-    return result;
-}
-
-TEST(Cdes, AgreesWithTheReferenceOnRandomKeysAndBlocks)
-{
-    std::mt19937_64 random(20240229);
-    for (int round = 0; round < 120000; ++round) {
-        const std::uint64_t key = random() >> 8;
-        const CDES::Block plain = BlockOf(random());
-        DES_key_schedule schedule;
-        SetReferenceKey(key, schedule);
-        const CDES cipher(KeyOf(key));
-        const CDES::Block enciphered = cipher.Transform(plain, Mode::Encrypt);
-        ASSERT_EQ(enciphered, Reference(schedule, plain)) << "round " << round;
-        ASSERT_EQ(cipher.Transform(enciphered, Mode::Decrypt), plain) << "round " << round;
-    }
-}
 
 TEST(Cdes, PassesTheSixteenStepTestOfRivest)
 {

@@ -1,10 +1,10 @@
 #include "CMyDatabase.h"
 #include "CMyServer.h"
 
-#include "IniFolder.h"
 #include "fake_client/FakeClientFixture.h"
 #include "harness/FailurePoints.h"
 #include "harness/MessageRecorder.h"
+#include "unit/serverini/IniFolder.h"
 
 namespace {
 

@@ -1,41 +1,34 @@
 #pragma once
 
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <string_view>
+#include "unit/NewFolder.h"
 
-#include <stdlib.h>
+#include <algorithm>
 
-/// A folder for the settings files of one test; it goes with the test. Others may read it.
+/// A folder for the settings files of one test; it goes with the test. Its paths are written with "/" everywhere.
 class IniFolder
 {
 public:
-    IniFolder()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "mydb_ini_XXXXXX").string();
-        m_path = mkdtemp(pattern.data());
-        std::filesystem::permissions(m_path, std::filesystem::perms(0755));
-    }
-    IniFolder(const IniFolder&) = delete;
-    IniFolder& operator=(const IniFolder&) = delete;
-    ~IniFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-
     const std::string& Path() const { return m_path; }
     std::string PathOf(std::string_view name) const { return m_path + "/" + std::string(name); }
 
-    /// Writes a file byte by byte as given and returns its path, with "/".
+    /// Makes a folder within, with its parents.
+    void MakeFolder(std::string_view name) const { std::filesystem::create_directories(m_folder / name); }
+
+    /// Writes a file byte by byte as given and returns its path.
     std::string Write(std::string_view bytes, std::string_view name = "Server.ini") const
     {
-        std::ofstream file(PathOf(name), std::ios::binary | std::ios::trunc);
+        std::ofstream file(m_folder / name, std::ios::binary | std::ios::trunc);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return PathOf(name);
     }
 
 private:
-    std::string m_path;
+    static std::string WithSlashes(std::string path)
+    {
+        std::replace(path.begin(), path.end(), '\\', '/');
+        return path;
+    }
+
+    NewFolder m_folder;
+    std::string m_path = WithSlashes(Utf8(m_folder.Path()));
 };

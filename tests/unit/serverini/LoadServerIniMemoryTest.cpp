@@ -1,7 +1,7 @@
 #include "CMyServer.h"
 
-#include "IniFolder.h"
 #include "harness/FailingAllocations.h"
+#include "unit/serverini/IniFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "CMyDatabase.h"
 #include "MyDbFunctions.h"
 
-#include "IniFolder.h"
 #include "fake_client/FakeClientFixture.h"
 #include "harness/LogRecorder.h"
 #include "harness/MessageRecorder.h"
+#include "unit/serverini/IniFolder.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "connection/ServerIni.h"
 
-#include "IniFolder.h"
+#include "unit/serverini/IniFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -41,6 +42,7 @@ constexpr Row rows[] = {
     {"HasNoEyeForWhatFollowsTheFifth", "0.123449999", ".1234"},
     {"CarriesIntoTheWhole", "0.99999", "1.0000"},
     {"CarriesThroughNines", "1.99995", "2.0000"},
+    {"CarriesIntoAFourthDigit", "999.99995", "1'000.0000"},
     {"CarriesIntoANewGroup", "999999.99995", "1'000'000.0000"},
     {"RoundsToTheSmallest", "0.00005", ".0001"},
     {"Empty", "", ""},
@@ -63,6 +65,22 @@ TEST(FormatNumberOfALongText, TakesAnyLength)
     EXPECT_EQ(text.size(), 1 + 300000 + 100000 + 5U);
     EXPECT_TRUE(text.starts_with("1'000'000'"));
     EXPECT_TRUE(text.ends_with("'000.0000"));
+}
+
+// Whether the system's formatter writes it or not.
+TEST(FormatNumberOfALongText, SeparatesAfterEveryThreeDigitsAtEveryLength)
+{
+    for (size_t length = 1; length < 200; ++length) {
+        const std::string digits(length, '7');
+        std::string text = platform::FormatNumber(digits);
+        ASSERT_TRUE(text.ends_with(".0000")) << length;
+        text.resize(text.size() - 5);
+        for (size_t end = text.size(); end > 3; end -= std::min(end, size_t{4}))
+            EXPECT_EQ(text.substr(end - 3, 3), "777") << length;
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\''), static_cast<std::ptrdiff_t>((length - 1) / 3)) << length;
+        std::erase(text, '\'');
+        EXPECT_EQ(text, digits);
+    }
 }
 
 TEST(FormatNumberOfBytes, RefusesAZeroByte)

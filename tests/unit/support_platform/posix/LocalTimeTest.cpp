@@ -1,0 +1,53 @@
+#include "unit/Environment.h"
+#include "unit/support_platform/BerlinTimes.h"
+
+#include <climits>
+
+// The zone is that of the variable TZ, and a year may be any number.
+namespace {
+
+using platform::CalendarFields;
+using platform::DaylightSaving;
+
+constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
+constexpr CalendarFields untouched = {1, 2, 3, 4, 5, 6};
+
+TEST(CurrentTime, AgreesWithTheSystem)
+{
+    const time_t before = time(nullptr);
+    const int64_t now = platform::CurrentTime();
+    EXPECT_GE(now, before);
+    EXPECT_LE(now, time(nullptr));
+}
+
+TEST(LocalTimeFromSeconds, BreaksDownInTheLocalZone)
+{
+    const Environment zone("TZ", centralEurope);
+    ExpectBrokenDownInBerlin(platform::LocalTimeFromSeconds);
+}
+
+TEST(LocalTimeFromSeconds, FailsForAYearThatAnIntCannotHold)
+{
+    for (const int64_t seconds : {INT64_MAX, INT64_MIN, int64_t{67768036191676799}}) {
+        CalendarFields fields = untouched;
+        EXPECT_FALSE(platform::LocalTimeFromSeconds(seconds, fields)) << seconds;
+        EXPECT_EQ(fields, untouched) << seconds;
+    }
+}
+
+TEST(SecondsFromLocalTime, ReadsLocalFields)
+{
+    const Environment zone("TZ", centralEurope);
+    ExpectReadInBerlin(platform::SecondsFromLocalTime);
+    EXPECT_EQ(platform::SecondsFromLocalTime({INT_MAX, 1, 1, 0, 0, 0}, DaylightSaving::decidedBySystem),
+              67767976201993200);
+}
+
+TEST(SecondsFromLocalTime, FailsWithMinusOne)
+{
+    EXPECT_EQ(platform::SecondsFromLocalTime({INT_MAX, INT_MAX, 1, 0, 0, 0}, DaylightSaving::off), -1);
+    EXPECT_EQ(platform::SecondsFromLocalTime({INT_MIN, 1, 1, 0, 0, 0}, DaylightSaving::off), -1);
+    EXPECT_EQ(platform::SecondsFromLocalTime({2024, INT_MIN, 1, 0, 0, 0}, DaylightSaving::off), -1);
+}
+
+} // namespace

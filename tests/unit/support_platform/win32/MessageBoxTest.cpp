@@ -1,0 +1,73 @@
+#include "platform/MessageBox.h"
+
+#include "platform/win32/WinApi.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+namespace {
+
+constexpr int textOfABox = 0xFFFF; // the number of the text's control in every message box
+
+/// Waits for the message box of this program, notes its text and presses a button.
+class Person
+{
+public:
+    explicit Person(int button) : m_button(button), m_thread([this] { Answer(); }) {}
+    ~Person()
+    {
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+    Person(const Person&) = delete;
+    Person& operator=(const Person&) = delete;
+
+    /// What the box said. Waits for the answer.
+    std::wstring Text()
+    {
+        m_thread.join();
+        return m_text;
+    }
+
+private:
+    void Answer()
+    {
+        HWND box = nullptr;
+        for (int attempt = 0; attempt < 500 && !box; ++attempt) {
+            Sleep(20);
+            box = FindWindowW(L"#32770", L"unit_support_platform");
+        }
+        wchar_t text[200] = L"";
+        GetDlgItemTextW(box, textOfABox, text, 200);
+        m_text = text;
+        PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(m_button), 0);
+    }
+
+    const int m_button;
+    std::wstring m_text;
+    std::thread m_thread;
+};
+
+TEST(ShowMessageBoxOfWindows, GivesTheAnswerOfThePerson)
+{
+    const struct
+    {
+        unsigned int type;
+        int button;
+    } rows[] = {{16, 1}, {64, 1}, {36, 6}, {36, 7}};
+    for (const auto& row : rows) {
+        const Person person(row.button);
+        EXPECT_EQ(platform::ShowMessageBox("text", row.type), row.button) << row.type;
+    }
+}
+
+TEST(ShowMessageBoxOfWindows, ShowsEveryCharacter)
+{
+    Person person(IDOK);
+    platform::ShowMessageBox("M\xC3\xBCller\n\xCE\xB1 \xE2\x82\xAC\n" + std::string("a\0b", 3), 16);
+    EXPECT_EQ(person.Text(), L"M\u00FCller\n\u03B1 \u20AC\na b");
+}
+
+} // namespace

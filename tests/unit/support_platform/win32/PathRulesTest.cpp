@@ -1,0 +1,40 @@
+#include "platform/PathRules.h"
+
+#include "unit/Environment.h"
+#include "unit/NewFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(SystemPathRulesOfWindows, SeparateWithBackslashesAndIgnoreTheCase)
+{
+    EXPECT_EQ(platform::SystemPathRules().separator, '\\');
+    EXPECT_TRUE(platform::SystemPathRules().ignoresCase);
+}
+
+TEST(TempDirectoryOfWindows, IsThatOfTheVariableTmp)
+{
+    const NewFolder folder;
+    const Environment variable("TMP", Utf8(folder.Path()).c_str());
+    EXPECT_EQ(platform::TempDirectory(), Utf8(folder.Path()) + "\\");
+}
+
+TEST(TempDirectoryOfWindows, IsAFolderOfTheUserWithoutAChoice)
+{
+    const Environment variable("TMP", nullptr);
+    const Environment otherVariable("TEMP", nullptr);
+    EXPECT_EQ(platform::TempDirectory().substr(1, 2), ":\\");
+    EXPECT_TRUE(std::filesystem::is_directory(platform::TempDirectory()));
+}
+
+TEST(TempDirectoryOfWindows, IsInUtf8)
+{
+    const NewFolder folder;
+    const std::filesystem::path umlaut = folder / "M\xC3\xBCller \xCE\xB1";
+    std::filesystem::create_directory(umlaut);
+    ASSERT_NE(_wputenv_s(L"TMP", umlaut.c_str()), 1);
+    EXPECT_EQ(platform::TempDirectory(), Utf8(umlaut) + "\\");
+}
+
+} // namespace
