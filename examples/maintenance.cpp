@@ -86,9 +86,9 @@ class ProgressBar : public CProgressCtrl
 public:
     explicit ProgressBar(long rows) { SetRange32(0, static_cast<int>(rows)); }
 
-    intptr_t SendMessage(unsigned int message, uintptr_t wParam, intptr_t lParam) override
+    intptr_t WindowProc(unsigned int message, uintptr_t wParam, intptr_t lParam) override
     {
-        const intptr_t result = CProgressCtrl::SendMessage(message, wParam, lParam);
+        const intptr_t result = CProgressCtrl::WindowProc(message, wParam, lParam);
         if (m_isTerminal)
             Draw();
         return result;

@@ -4,7 +4,7 @@
 #include "MyDbTypes.h"
 #include "framework/COleDateTime.h"
 #include "framework/CTime.h"
-#include "framework/Variant.h"
+#include "framework/VariantName.h"
 #include "text/UtCString.h"
 
 /// A calendar date with a time of day: an OLE automation date and a status, 16 bytes in the layout of COleDateTime.
@@ -39,7 +39,7 @@ public:
     /// Takes value and status unchanged.
     CDateTime(const COleDateTime& value) noexcept;
     /// A VARIANT of type VT_DATE is taken as it is, with status valid. Any other type is converted as the platform's
-    /// coercion does (off Windows: `framework::VariantToOleDate`); where that fails, value 0.0 with status invalid.
+    /// coercion does ("framework/Variant.h" tells); where that fails, value 0.0 with status invalid.
     CDateTime(const VARIANT& value) noexcept;
     /// The local time of a time, built from its fields. Status invalid where the system cannot break it down.
     CDateTime(const CTime& time) noexcept;

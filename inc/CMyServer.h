@@ -4,6 +4,11 @@
 #include "framework/CObject.h"
 #include "text/UtCString.h"
 
+// <windows.h> has a macro that makes SetPortA or SetPortW of the name SetPort. It is put aside here, and the member
+// answers to these names too, so that a host may include <windows.h> before or behind this header.
+#pragma push_macro("SetPort")
+#undef SetPort
+
 /// The settings that say which server to talk to, as whom, in which encoding, and where the server keeps its files. A
 /// value: copied and assigned freely, every CMyDatabase holds a copy of its own.
 ///
@@ -41,6 +46,8 @@ public:
     void SetAlias(const UtCString& alias);
     unsigned long GetPort() const;    ///< The TCP port; 0: not set, which makes the settings invalid.
     void SetPort(unsigned long port); ///< A number beyond 32 bits counts as 0.
+    void SetPortA(unsigned long port) { SetPort(port); }
+    void SetPortW(unsigned long port) { SetPort(port); }
     const UtCString& GetUser() const; ///< The account, as set. CMyDatabase lower-cases it and replaces "root".
     void SetUser(const UtCString& user);
     const UtCString& GetPassword() const; ///< In plain text.
@@ -160,3 +167,5 @@ private:
     UtCString m_dataDir;
     UtCString m_serverINIFileName;
 };
+
+#pragma pop_macro("SetPort")

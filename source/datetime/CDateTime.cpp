@@ -2,6 +2,7 @@
 
 #include "datetime/WeekNumber.h"
 #include "framework/OleDate.h"
+#include "framework/VariantDate.h"
 #include "platform/LocalTime.h"
 
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "MyDbExport.h"
 #include "framework/CTime.h"
-#include "framework/Variant.h"
+#include "framework/VariantName.h"
 
 /// The framework's date-time value: an OLE automation date and a status, 16 bytes. See CDateTime for the value.
 class MYDB_EXPORT COleDateTime

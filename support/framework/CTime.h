@@ -10,6 +10,11 @@
 #endif
 #endif
 
+// <windows.h> has a macro that makes GetTickCount of the name GetCurrentTime. It is put aside here, and on Windows the
+// member answers to that name too, so that a host may include <windows.h> before or behind this header.
+#pragma push_macro("GetCurrentTime")
+#undef GetCurrentTime
+
 /// The framework's point in time: whole seconds since 1970-01-01 00:00:00 UTC. Its calendar fields are those of the
 /// local time zone of the process. An object of 8 bytes; any value is allowed.
 class MYDB_EXPORT CTime
@@ -22,10 +27,18 @@ public:
     /// their range carry over into the next larger one. -1 seconds where the system cannot represent the time.
     CTime(int year, int month, int day, int hour, int minute, int second, int daylightSaving = -1) noexcept;
 
-    /// Now. (On Windows <windows.h> has a macro of this name; there the framework's own class is used.)
-    static CTime GetCurrentTime() noexcept;
+    static CTime GetCurrentTime() noexcept; ///< Now.
+#if defined(_WIN32)
+    static CTime GetTickCount() noexcept
+    {
+        return GetCurrentTime();
+    }
+#endif
 
-    __int64 GetTime() const noexcept { return m_seconds; }
+    __int64 GetTime() const noexcept
+    {
+        return m_seconds;
+    }
 
     // The fields of the local time; 0 where the system cannot break the time down.
     int GetYear() const noexcept;
@@ -40,3 +53,5 @@ public:
 private:
     __int64 m_seconds = 0;
 };
+
+#pragma pop_macro("GetCurrentTime")

@@ -1,7 +1,10 @@
 #pragma once
 
-#include "MyDbExport.h"
+#include "framework/VariantName.h"
 
+#if defined(_WIN32)
+#include <oaidl.h>
+#else
 #include <cstdint>
 
 /// The type codes of a VARIANT, by the numbers that Windows gives them.
@@ -30,7 +33,6 @@ enum VARENUM : unsigned short
 
 using VARTYPE = unsigned short;
 using VARIANT_BOOL = short; ///< -1 true, 0 false
-using DATE = double;        ///< an OLE automation date
 using BSTR = char16_t*;     ///< UTF-16, ended by a zero; null counts as the empty text
 
 /// A currency amount in ten-thousandths.
@@ -67,15 +69,4 @@ struct tagVARIANT
         void* byref;
     };
 };
-using VARIANT = tagVARIANT;
-
-namespace framework {
-
-/// Converts a value to an OLE automation date, as the platform's coercion does: a date is taken as it is, whatever its
-/// value; VT_EMPTY gives 0.0; a number or truth value (-1 or 0) is taken as the date value and must lie in the years
-/// 100 to 9999; a text is read with `platform::ParseLocaleDate` and flags 0. False, and `date` untouched, for VT_NULL,
-/// VT_ERROR, every other type code (VT_BYREF included), a number out of range, a text that is no date, and without
-/// memory.
-bool VariantToOleDate(const tagVARIANT& value, double& date) noexcept;
-
-} // namespace framework
+#endif

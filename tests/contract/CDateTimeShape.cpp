@@ -1,5 +1,6 @@
 // The date-time value crosses the interface by value: what a host has compiled in of it.
 #include "CDateTime.h"
+#include "framework/Variant.h"
 
 #include <type_traits>
 

@@ -25,16 +25,19 @@ static_assert(std::is_constructible_v<CMyKey>);
 static_assert(std::is_copy_constructible_v<CMyKey> && std::is_copy_assignable_v<CMyKey>);
 static_assert(makesAKey<const UtCString&> && makesAKey<int> && makesAKey<long> && makesAKey<unsigned long>);
 static_assert(makesAKey<_GUID>);
-template <class Value>
-constexpr bool has = Has<CMyKey& (CMyKey::*)(const UtCString&, Value, const UtCString&)>(&CMyKey::Add);
-static_assert(has<const UtCString&> && has<const char*> && has<const CDateTime&> && has<short> && has<int>);
-static_assert(has<long> && has<unsigned long> && has<double> && has<_GUID> && has<bool>);
-static_assert(Has<void (CMyKey::*)()>(&CMyKey::Clear));
-static_assert(Has<bool (CMyKey::*)() const>(&CMyKey::IsEmpty));
-static_assert(Has<int (CMyKey::*)() const>(&CMyKey::GetFieldCount));
-static_assert(Has<UtCString (CMyKey::*)(int) const>(&CMyKey::GetFieldName));
-static_assert(Has<UtCString (CMyKey::*)(int) const>(&CMyKey::GetOperator));
-static_assert(Has<UtCString (CMyKey::*)(int) const>(&CMyKey::GetFieldValue));
-static_assert(Has<UtCString (CMyKey::*)() const>(&CMyKey::GetFirstFieldName));
-static_assert(Has<UtCString (CMyKey::*)(const CMyRecordSet*) const>(&CMyKey::CreateClause));
-static_assert(Has<UtCString (CMyKey::*)(const CMyRecordSet*) const>(&CMyKey::CreateOrderClause));
+template <class Value> bool HasAdd()
+{
+    return Has<CMyKey& (CMyKey::*)(const UtCString&, Value, const UtCString&)>(&CMyKey::Add);
+}
+EXPORTED(HasAdd<const UtCString&>() && HasAdd<const char*>() && HasAdd<const CDateTime&>() && HasAdd<short>());
+EXPORTED(HasAdd<int>() && HasAdd<long>() && HasAdd<unsigned long>() && HasAdd<double>() && HasAdd<bool>());
+EXPORTED(HasAdd<_GUID>());
+EXPORTED(Has<void (CMyKey::*)()>(&CMyKey::Clear));
+EXPORTED(Has<bool (CMyKey::*)() const>(&CMyKey::IsEmpty));
+EXPORTED(Has<int (CMyKey::*)() const>(&CMyKey::GetFieldCount));
+EXPORTED(Has<UtCString (CMyKey::*)(int) const>(&CMyKey::GetFieldName));
+EXPORTED(Has<UtCString (CMyKey::*)(int) const>(&CMyKey::GetOperator));
+EXPORTED(Has<UtCString (CMyKey::*)(int) const>(&CMyKey::GetFieldValue));
+EXPORTED(Has<UtCString (CMyKey::*)() const>(&CMyKey::GetFirstFieldName));
+EXPORTED(Has<UtCString (CMyKey::*)(const CMyRecordSet*) const>(&CMyKey::CreateClause));
+EXPORTED(Has<UtCString (CMyKey::*)(const CMyRecordSet*) const>(&CMyKey::CreateOrderClause));

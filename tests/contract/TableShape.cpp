@@ -1,6 +1,8 @@
 // As ApiShape.cpp, for the table handle and the descriptor of a column.
 #include "MyDB.h"
 
+#include "Shape.h"
+
 #include <type_traits>
 
 // Storage engines
@@ -24,33 +26,32 @@ static_assert(!std::is_default_constructible_v<CMyTable>);
 
 template <typename Result, typename... Arguments> using Question = Result (CMyTable::*)(Arguments...) const;
 
-static_assert(std::is_same_v<decltype(&CMyTable::IsValid), Question<bool>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetTableName), Question<const UtCString&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetEncodingType), Question<eUtEncodingType>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldCount), Question<long>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldNo), Question<bool, const UtCString&, unsigned long&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::ExistField), Question<bool, const UtCString&>>);
-[[maybe_unused]] constexpr Question<const CMyField*, const UtCString&> fieldByName = &CMyTable::GetField;
-[[maybe_unused]] constexpr Question<const CMyField*, unsigned long> fieldByPosition = &CMyTable::GetField;
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldName), Question<UtCString, unsigned long>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldType), Question<MYTYPES, const UtCString&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldTypeString), Question<UtCString, const UtCString&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldSize), Question<long, const UtCString&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFieldCharsetNr), Question<bool, const UtCString&, unsigned int&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetFields), Question<UtCString, const UtCString&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::RemoveFieldsFromFieldList),
-                             Question<UtCString, const UtCString&, const UtCString&>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetPrimaryKeyFieldName), Question<UtCString>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetTableType), Question<eTableTypes>>);
-static_assert(std::is_same_v<decltype(&CMyTable::SupportTransaction), Question<bool>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetRecordCount), Question<long>>);
-static_assert(std::is_same_v<decltype(&CMyTable::IsEmpty), Question<bool>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetTableDataSize), Question<__int64>>);
-static_assert(std::is_same_v<decltype(&CMyTable::GetTableIndexSize), Question<__int64>>);
-static_assert(std::is_same_v<decltype(&CMyTable::CheckTable), eTABLE_CHECK (CMyTable::*)(UtCString*)>);
-static_assert(std::is_same_v<decltype(&CMyTable::RegisterTable), bool (CMyTable::*)(bool)>);
-static_assert(std::is_same_v<decltype(&CMyTable::UnregisterTable), bool (CMyTable::*)()>);
-static_assert(std::is_same_v<decltype(&CMyTable::ClearTableCache), void (CMyTable::*)()>);
+EXPORTED(Has<Question<bool>>(&CMyTable::IsValid));
+EXPORTED(Has<Question<const UtCString&>>(&CMyTable::GetTableName));
+EXPORTED(Has<Question<eUtEncodingType>>(&CMyTable::GetEncodingType));
+EXPORTED(Has<Question<long>>(&CMyTable::GetFieldCount));
+EXPORTED(Has<Question<bool, const UtCString&, unsigned long&>>(&CMyTable::GetFieldNo));
+EXPORTED(Has<Question<bool, const UtCString&>>(&CMyTable::ExistField));
+EXPORTED(Has<Question<const CMyField*, const UtCString&>>(&CMyTable::GetField));
+EXPORTED(Has<Question<const CMyField*, unsigned long>>(&CMyTable::GetField));
+EXPORTED(Has<Question<UtCString, unsigned long>>(&CMyTable::GetFieldName));
+EXPORTED(Has<Question<MYTYPES, const UtCString&>>(&CMyTable::GetFieldType));
+EXPORTED(Has<Question<UtCString, const UtCString&>>(&CMyTable::GetFieldTypeString));
+EXPORTED(Has<Question<long, const UtCString&>>(&CMyTable::GetFieldSize));
+EXPORTED(Has<Question<bool, const UtCString&, unsigned int&>>(&CMyTable::GetFieldCharsetNr));
+EXPORTED(Has<Question<UtCString, const UtCString&>>(&CMyTable::GetFields));
+EXPORTED(Has<Question<UtCString, const UtCString&, const UtCString&>>(&CMyTable::RemoveFieldsFromFieldList));
+EXPORTED(Has<Question<UtCString>>(&CMyTable::GetPrimaryKeyFieldName));
+EXPORTED(Has<Question<eTableTypes>>(&CMyTable::GetTableType));
+EXPORTED(Has<Question<bool>>(&CMyTable::SupportTransaction));
+EXPORTED(Has<Question<long>>(&CMyTable::GetRecordCount));
+EXPORTED(Has<Question<bool>>(&CMyTable::IsEmpty));
+EXPORTED(Has<Question<__int64>>(&CMyTable::GetTableDataSize));
+EXPORTED(Has<Question<__int64>>(&CMyTable::GetTableIndexSize));
+EXPORTED(Has<eTABLE_CHECK (CMyTable::*)(UtCString*)>(&CMyTable::CheckTable));
+EXPORTED(Has<bool (CMyTable::*)(bool)>(&CMyTable::RegisterTable));
+EXPORTED(Has<bool (CMyTable::*)()>(&CMyTable::UnregisterTable));
+EXPORTED(Has<void (CMyTable::*)()>(&CMyTable::ClearTableCache));
 
 // A descriptor is copied by value.
 static_assert(!std::is_polymorphic_v<CMyField>);

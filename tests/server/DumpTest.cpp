@@ -143,7 +143,7 @@ class CuttingBar final : public CProgressCtrl
 {
 public:
     explicit CuttingBar(unsigned long threadId) : m_threadId(threadId) {}
-    intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
+    intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
     {
         if (std::exchange(m_isDue, false))
             harness::KillConnection(m_threadId);

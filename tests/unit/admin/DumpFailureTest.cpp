@@ -30,7 +30,7 @@ TEST_F(DumpFailure, RefusesAFileThatAnotherDumpIsWriting)
     {
     public:
         Rival(const UtCString& file, CMyDatabase& database) : m_file(file), m_database(database) {}
-        intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
+        intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
         {
             result = m_database.DumpTable(m_file, "u", false, "", "", "", "", nullptr);
             return 0;
@@ -146,7 +146,7 @@ TEST_F(DumpFailure, ShowsAFailureThatTheSystemReportsOnClosing)
     {
     public:
         explicit ClosingBar(const std::filesystem::path& file) : m_file(file) {}
-        intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
+        intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
         {
             EXPECT_TRUE(harness::CloseDescriptorOf(m_file));
             return 0;

@@ -31,7 +31,7 @@ class RecordedBar final : public CProgressCtrl
 {
 public:
     explicit RecordedBar(int upper, int lower = 0) { SetRange32(lower, upper); }
-    intptr_t SendMessage(unsigned int message, uintptr_t wParam, intptr_t lParam) override
+    intptr_t WindowProc(unsigned int message, uintptr_t wParam, intptr_t lParam) override
     {
         steps.push_back(std::to_string(message) + ":" + std::to_string(wParam) + ":" + std::to_string(lParam));
         return 0;

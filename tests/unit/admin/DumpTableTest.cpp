@@ -241,7 +241,7 @@ class SlowBar final : public CProgressCtrl
 {
 public:
     explicit SlowBar(const CMyDatabase& database) : m_database(database) {}
-    intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
+    intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
     {
         queryTimes.push_back(static_cast<uint32_t>(m_database.GetQueryTime()));
         std::this_thread::sleep_for(std::chrono::milliseconds(30));
@@ -325,7 +325,7 @@ TEST_F(DumpTable, HasFreedTheRowsWhenItTellsOfTheLastOnes)
     class LateBar final : public CProgressCtrl
     {
     public:
-        intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override
+        intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
         {
             resultsClosed = fake::Client::Get().ResultsClosed();
             return 0;
@@ -342,7 +342,7 @@ TEST_F(DumpTable, FailsWhenTheBarThrows)
 {
     class BrokenBar final : public CProgressCtrl
     {
-        intptr_t SendMessage(unsigned int, uintptr_t, intptr_t) override { throw std::runtime_error("broken"); }
+        intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override { throw std::runtime_error("broken"); }
     } bar;
     ScriptRows(150);
     EXPECT_EQ(Dump("t", "", &bar), -1);

@@ -1,3 +1,4 @@
+#include "unit/VariantText.h"
 #include "unit/datetime/DateTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -404,18 +405,15 @@ TEST(CDateTime, ConvertsOtherVariants)
 TEST(CDateTime, ConvertsVariantTexts)
 {
     const Environment locale("LC_ALL", "C");
-    VARIANT variant{};
-    variant.vt = VT_BSTR;
-    std::u16string text = u"2024-03-05 14:07:09";
-    variant.bstrVal = text.data();
-    EXPECT_EQ(Shown(CDateTime(variant)), "2024-03-05 14:07:09 (0)");
-    for (std::u16string refused : {u"2024-02-30", u"45356", u"", u"\xD800"}) {
-        variant.bstrVal = refused.data();
-        EXPECT_EQ(Shown(CDateTime(variant)), shownInvalid);
-        EXPECT_EQ(CDateTime(variant).GetValue(), 0.0);
+    EXPECT_EQ(Shown(CDateTime(VariantText(u"2024-03-05 14:07:09"))), "2024-03-05 14:07:09 (0)");
+    for (const char16_t* const refused : {u"2024-02-30", u"45356", u"", u"\xD800"}) {
+        const CDateTime date((VariantText(refused)));
+        EXPECT_EQ(Shown(date), shownInvalid);
+        EXPECT_EQ(date.GetValue(), 0.0);
     }
-    variant.bstrVal = nullptr;
-    EXPECT_EQ(Shown(CDateTime(variant)), shownInvalid);
+    VARIANT null{};
+    null.vt = VT_BSTR;
+    EXPECT_EQ(Shown(CDateTime(null)), shownInvalid);
 }
 
 TEST(CDateTime, BreaksSecondsDownInLocalTime)

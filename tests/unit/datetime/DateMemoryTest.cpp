@@ -1,4 +1,5 @@
 #include "harness/FailingAllocations.h"
+#include "unit/VariantText.h"
 #include "unit/datetime/DateTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -51,10 +52,7 @@ TEST_P(DateMemory, ATextIsWholeOrEmpty)
 
 TEST_P(DateMemory, AVariantTextIsADateOrInvalid)
 {
-    std::u16string text = u"                       2024-03-05 14:07:09";
-    VARIANT variant{};
-    variant.vt = VT_BSTR;
-    variant.bstrVal = text.data();
+    const VariantText variant(u"                       2024-03-05 14:07:09");
     bool isConsistent = true;
     const long failures = ForEachAllocation([&] {
         const CDateTime date(variant);

@@ -1,4 +1,5 @@
 #include "framework/COleDateTime.h"
+#include "framework/Variant.h"
 
 #include "unit/Environment.h"
 

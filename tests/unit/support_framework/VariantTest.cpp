@@ -1,6 +1,8 @@
 #include "framework/Variant.h"
+#include "framework/VariantDate.h"
 
 #include "unit/Environment.h"
+#include "unit/VariantText.h"
 
 #include <gtest/gtest.h>
 
@@ -18,15 +20,20 @@ struct Result
     double date;
 };
 
+Result Convert(const VARIANT& variant)
+{
+    double date = untouched;
+    const bool isConverted = framework::VariantToOleDate(variant, date);
+    return {isConverted, date};
+}
+
 Result Convert(
     VARTYPE type, const std::function<void(VARIANT&)>& fill = [](VARIANT&) {})
 {
     VARIANT variant{};
     variant.vt = type;
     fill(variant);
-    double date = untouched;
-    const bool isConverted = framework::VariantToOleDate(variant, date);
-    return {isConverted, date};
+    return Convert(variant);
 }
 
 TEST(VariantToOleDate, TakesNumbersAsTheDateValue)
@@ -106,9 +113,7 @@ TEST(VariantToOleDate, RefusesOtherTypes)
 TEST(VariantToOleDate, ReadsTexts)
 {
     const Environment locale("LC_ALL", "C");
-    const auto convert = [](std::u16string text) {
-        return Convert(VT_BSTR, [&text](VARIANT& v) { v.bstrVal = text.data(); });
-    };
+    const auto convert = [](std::u16string_view text) { return Convert(VariantText(text)); };
     EXPECT_EQ(convert(u"2024-03-05 12:00").date, 45356.5);
     EXPECT_EQ(convert(u"  March 5, 2024  ").date, 45356);
     EXPECT_EQ(convert(u"06:00").date, 0.25);

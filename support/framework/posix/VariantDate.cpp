@@ -1,6 +1,7 @@
-#include "framework/Variant.h"
+#include "framework/VariantDate.h"
 
 #include "framework/OleDate.h"
+#include "framework/Variant.h"
 #include "platform/LocaleDate.h"
 #include "text/UtCString.h"
 
@@ -35,7 +36,7 @@ bool TextToOleDate(const char16_t* text, double& date)
     return platform::ParseLocaleDate(Utf8(text), 0, fields) && OleDateFromFields(fields, date);
 }
 
-bool Convert(const tagVARIANT& value, double& date)
+bool Convert(const VARIANT& value, double& date)
 {
     switch (value.vt) {
     case VT_EMPTY:
@@ -79,7 +80,7 @@ bool Convert(const tagVARIANT& value, double& date)
 
 } // namespace
 
-bool VariantToOleDate(const tagVARIANT& value, double& date) noexcept
+bool VariantToOleDate(const VARIANT& value, DATE& date) noexcept
 try {
     return Convert(value, date);
 } catch (...) {

@@ -1,6 +1,8 @@
 #include "framework/COleDateTime.h"
 
 #include "framework/OleDate.h"
+#include "framework/Variant.h"
+#include "framework/VariantDate.h"
 #include "platform/LocalTime.h"
 
 static_assert(sizeof(COleDateTime) == 16);

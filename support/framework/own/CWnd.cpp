@@ -16,7 +16,12 @@ int Within(int64_t position, int lower, int upper) noexcept
 
 } // namespace
 
-intptr_t CWnd::SendMessage(unsigned int, uintptr_t, intptr_t)
+intptr_t CWnd::SendMessage(unsigned int message, uintptr_t wParam, intptr_t lParam)
+{
+    return WindowProc(message, wParam, lParam);
+}
+
+intptr_t CWnd::WindowProc(unsigned int, uintptr_t, intptr_t)
 {
     return 0;
 }
@@ -39,7 +44,7 @@ int CProgressCtrl::GetPos() const noexcept
     return m_position;
 }
 
-intptr_t CProgressCtrl::SendMessage(unsigned int message, uintptr_t wParam, intptr_t)
+intptr_t CProgressCtrl::WindowProc(unsigned int message, uintptr_t wParam, intptr_t)
 {
     if (message != PBM_DELTAPOS)
         return 0;
