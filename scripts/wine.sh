@@ -5,17 +5,39 @@
 #
 # Its output passes through a file: Wine's background processes keep the output open, and whoever reads it until its end
 # would wait for them. Standard input is empty.
+#
+# The program has a folder of its own, MYDB_TEST_RUN_FOLDER. What it starts with wine-child.sh is ended, and the folder
+# removed, when this script has ended: by a guard that also notices when the script is killed.
 set -u
+scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-cache=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/.cache
+cache=$(cd "$scripts/.." && pwd)/.cache
 locale=${MYDB_WINE_LOCALE:-en_US}
 export WINEPREFIX=${WINEPREFIX:-$cache/wine/$locale}
 wine=/usr/lib/wine/wine64
 
-output=$(mktemp)
-trap 'rm -f "$output"' EXIT
-env LOCPATH="$cache/locale" LC_ALL="$locale.UTF-8" "$wine" "$@" >"$output" 2>&1 </dev/null
+MYDB_TEST_WINE_CHILD=$scripts/wine-child.sh
+MYDB_TEST_RUN_FOLDER=$(mktemp -d "${TMPDIR:-/tmp}/mydb_wine_XXXXXX") || exit
+export MYDB_TEST_WINE_CHILD MYDB_TEST_RUN_FOLDER
+output=$MYDB_TEST_RUN_FOLDER/output
+
+# The guard reads until nobody holds the other end.
+exec {lifeline}> >(exec setsid "$MYDB_TEST_WINE_CHILD" guard "$MYDB_TEST_RUN_FOLDER" >/dev/null 2>&1)
+guard=$!
+
+finish() {
+    [ -e "$output" ] && cat "$output"
+    exec {lifeline}>&-
+    wait "$guard"
+}
+trap finish EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM HUP
+
+LOCPATH=$cache/locale LC_ALL=$locale.UTF-8 "$MYDB_TEST_WINE_CHILD" run "$MYDB_TEST_RUN_FOLDER" "$wine" "$@" \
+    >"$output" 2>&1 </dev/null {lifeline}>&- &
+wait $!
 result=$?
-cat "$output"
+rm -f "$MYDB_TEST_RUN_FOLDER/process"
 exit "$result"

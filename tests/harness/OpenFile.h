@@ -1,22 +1,11 @@
 #pragma once
 
 #include <filesystem>
-#include <system_error>
-#include <unistd.h>
 
 namespace harness {
 
-/// Closes the descriptor under which this process has a file open, so that closing it once more fails. False when the
-/// file is not open.
-inline bool CloseDescriptorOf(const std::filesystem::path& file)
-{
-    const std::filesystem::path wanted = std::filesystem::canonical(file);
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-        std::error_code error;
-        if (std::filesystem::read_symlink(entry.path(), error) == wanted)
-            return ::close(std::stoi(entry.path().filename().string())) == 0;
-    }
-    return false;
-}
+/// Closes the descriptor or handle under which this process has a file open, so that closing it once more fails. False
+/// when the file is not open.
+bool CloseDescriptorOf(const std::filesystem::path& file);
 
 } // namespace harness

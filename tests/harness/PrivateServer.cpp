@@ -1,14 +1,15 @@
 #include "harness/PrivateServer.h"
 
 #include "harness/ServerProcess.h"
+#include "harness/System.h"
 
 #include <atomic>
 #include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
-
-#include <unistd.h>
+#include <thread>
 
 namespace harness {
 namespace {
@@ -34,7 +35,7 @@ ServerAccess GivenServer(const std::string& place)
 std::string NewDatabase(const ServerAccess& administrator)
 {
     static std::atomic<int> number = 0;
-    const std::string name = "mydb_" + std::to_string(::getpid()) + "_" + std::to_string(++number);
+    const std::string name = "mydb_" + std::to_string(ProcessId()) + "_" + std::to_string(++number);
     RawConnection connection(administrator);
     connection.Run("DROP DATABASE IF EXISTS " + name); // of an earlier program with the same process number
     connection.Run("CREATE DATABASE " + name + " CHARACTER SET utf8mb4");
@@ -63,13 +64,14 @@ PrivateServer::PrivateServer()
 
 std::filesystem::path PrivateServer::GeneralLogFile() const
 {
-    const std::filesystem::path file = RawConnection(m_administrator).Text("SELECT @@global.general_log_file").value();
+    const std::filesystem::path file =
+        OwnPath(RawConnection(m_administrator).Text("SELECT @@global.general_log_file").value());
     return file.is_absolute() ? file : DataFolder() / file;
 }
 
 std::filesystem::path PrivateServer::DataFolder() const
 {
-    return RawConnection(m_administrator).Text("SELECT @@global.datadir").value();
+    return OwnPath(RawConnection(m_administrator).Text("SELECT @@global.datadir").value());
 }
 
 void KillConnection(unsigned long threadId)
@@ -83,7 +85,7 @@ void KillConnection(const ServerAccess& administrator, unsigned long threadId)
     RawConnection connection(administrator);
     connection.Run("KILL " + id);
     while (connection.Text("SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE ID = " + id) != "0") {
-        ::usleep(5'000);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
 }
 

@@ -22,7 +22,7 @@ public:
     const ServerAccess& Tester() const { return m_tester; }               ///< see ServerProcess
     /// Where the server says that its general log is; of use when it runs on this machine.
     std::filesystem::path GeneralLogFile() const;
-    /// The server's data folder, as it names it itself.
+    /// The server's data folder, by the path that this process has for it.
     std::filesystem::path DataFolder() const;
 
 private:

@@ -1,11 +1,11 @@
 #include "harness/ServerProcess.h"
 
+#include "harness/System.h"
+
+#include <chrono>
 #include <fstream>
 #include <iterator>
-
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <thread>
 
 namespace harness {
 namespace {
@@ -18,22 +18,6 @@ constexpr const char* ACCOUNTS = "CREATE USER IF NOT EXISTS 'vela_root'@'%' IDEN
                                  "GRANT ALL PRIVILEGES ON *.* TO 'vela_root'@'%' WITH GRANT OPTION;\n"
                                  "CREATE USER IF NOT EXISTS 'tester'@'%' IDENTIFIED BY 'tester';\n"
                                  "GRANT ALL PRIVILEGES ON `mydb\\_%`.* TO 'tester'@'%';\n";
-
-unsigned int FreePort()
-{
-    const int probe = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    const bool bound = ::bind(probe, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-                       ::getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size) == 0;
-    ::close(probe);
-    if (!bound) {
-        throw std::runtime_error("no free port on the loopback address");
-    }
-    return ::ntohs(address.sin_port);
-}
 
 bool Answers(const ServerAccess& access)
 {
@@ -86,12 +70,12 @@ void ServerProcess::Restart()
 
 void ServerProcess::CreateDataFolder() const
 {
-    std::ofstream(m_folder.Path() / "accounts.sql") << ACCOUNTS;
+    std::ofstream(m_folder.Path() / "accounts.sql", std::ios::binary) << ACCOUNTS;
     std::vector<std::string> arguments = {"--no-defaults", "--force", "--auth-root-authentication-method=normal",
-                                          "--skip-test-db", "--datadir=" + DataFolder().string(),
+                                          "--skip-test-db", "--datadir=" + ServerPath(DataFolder()),
                                           // A server that starts empties its folder for temporary files.
-                                          "--tmpdir=" + m_folder.Path().string()};
-    if (::geteuid() == 0) {
+                                          "--tmpdir=" + ServerPath(m_folder.Path())};
+    if (RunsServersAsRoot()) {
         arguments.push_back("--user=root");
     }
     ChildProcess install("mariadb-install-db", arguments, m_folder.Path() / "install.log");
@@ -120,7 +104,7 @@ bool ServerProcess::StartOn(unsigned int port)
         if (Answers(m_tester) && m_process->IsRunning()) {
             return true;
         }
-        ::usleep(20'000);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
     m_process->Kill();
     return false;
@@ -128,10 +112,10 @@ bool ServerProcess::StartOn(unsigned int port)
 
 std::vector<std::string> ServerProcess::Arguments(unsigned int port) const
 {
-    const std::string folder = m_folder.Path().string();
+    const std::string folder = ServerPath(m_folder.Path());
     std::vector<std::string> arguments = {
         "--no-defaults",
-        "--datadir=" + DataFolder().string(),
+        "--datadir=" + ServerPath(DataFolder()),
         "--tmpdir=" + folder,
         "--bind-address=" + std::string(HOST),
         "--port=" + std::to_string(port),
@@ -140,7 +124,7 @@ std::vector<std::string> ServerProcess::Arguments(unsigned int port) const
         "--init-file=" + folder + "/accounts.sql",
         "--general-log=1",
         "--log-output=FILE",
-        "--general-log-file=" + GeneralLogFile().string(),
+        "--general-log-file=" + ServerPath(GeneralLogFile()),
         "--lower-case-table-names=1",
         "--local-infile=1",
         "--skip-name-resolve",
@@ -154,7 +138,7 @@ std::vector<std::string> ServerProcess::Arguments(unsigned int port) const
         "--innodb-flush-log-at-trx-commit=2",
         "--innodb-doublewrite=0",
     };
-    if (::geteuid() == 0) {
+    if (RunsServersAsRoot()) {
         arguments.push_back("--user=root");
     }
     arguments.insert(arguments.end(), m_options.begin(), m_options.end());

@@ -1,91 +1,25 @@
 #include "harness/TemporaryFolder.h"
 
-#include <cerrno>
-#include <stdexcept>
-#include <string>
-#include <system_error>
+#include "harness/System.h"
 
-#include <csignal>
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <chrono>
+#include <system_error>
+#include <thread>
 
 namespace harness {
-namespace {
 
-constexpr int LIFELINE_OF_GUARD = 3;
+TemporaryFolder::TemporaryFolder() : m_path(MakeFolder()), m_guard(RemoveAtEnd(m_path)) {}
 
-void Remove(const std::filesystem::path& path)
+void RemoveFolder(const std::filesystem::path& path)
 {
     std::error_code error;
     for (int attempt = 0; attempt < 50 && std::filesystem::exists(path, error); ++attempt) {
         std::filesystem::remove_all(path, error);
         if (error) {
-            ::usleep(100'000); // a server that is being killed may still write
+            std::this_thread::sleep_for(
+                std::chrono::milliseconds(100)); // a server that is being killed may still write
         }
     }
-}
-
-/// In the guard process: waits for the end of the program that holds the other end, then cleans up.
-[[noreturn]] void Guard(int lifeline, const std::filesystem::path& path)
-{
-    ::setsid(); // not reached by the interrupt key
-    ::dup2(lifeline, LIFELINE_OF_GUARD);
-    ::close_range(LIFELINE_OF_GUARD + 1, ~0U, 0); // connections and pipes of the program end with the program
-    const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
-    for (const int stream : {0, 1, 2}) {
-        ::dup2(nothing, stream); // whoever reads the program's output must not wait for the guard
-    }
-    char byte = 0;
-    while (::read(LIFELINE_OF_GUARD, &byte, 1) < 0 && errno == EINTR) {
-    }
-    Remove(path);
-    ::_exit(0);
-}
-
-std::filesystem::path MakeFolder()
-{
-    std::string pattern = (std::filesystem::temp_directory_path() / "mydb_test_XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr) {
-        throw std::system_error(errno, std::generic_category(), "making the folder " + pattern);
-    }
-    return pattern;
-}
-
-} // namespace
-
-TemporaryFolder::TemporaryFolder() : m_path(MakeFolder()), m_owner(::getpid())
-{
-    StartGuard();
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    if (::getpid() != m_owner) {
-        return;
-    }
-    ::kill(m_guard, SIGKILL);
-    ::waitpid(m_guard, nullptr, 0);
-    ::close(m_lifeline);
-    Remove(m_path);
-}
-
-void TemporaryFolder::StartGuard()
-{
-    int ends[2] = {-1, -1};
-    if (::pipe2(ends, O_CLOEXEC) != 0) {
-        throw std::system_error(errno, std::generic_category(), "making a pipe");
-    }
-    m_guard = ::fork();
-    if (m_guard < 0) {
-        throw std::system_error(errno, std::generic_category(), "starting the guard of a temporary folder");
-    }
-    if (m_guard == 0) {
-        ::close(ends[1]);
-        Guard(ends[0], m_path);
-    }
-    ::close(ends[0]);
-    m_lifeline = ends[1];
 }
 
 } // namespace harness
