@@ -343,7 +343,7 @@ TEST_P(CatalogueMemory, DeletesTheDirectoryOfTheDatabaseOrNothing)
 {
     const harness::TemporaryFolder folder;
     const fs::path own = folder.Path() / "DBS" / m_temporary.Name();
-    m_database.GetServer().SetDataDir(folder.Path().c_str());
+    m_database.GetServer().SetDataDir(folder.Path().string().c_str());
     fs::create_directories(folder.Path() / "DBS" / "other");
     bool isHonest = true;
     const long failures = harness::ForEachAllocation(GetParam(), [&] {

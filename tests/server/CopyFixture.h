@@ -8,12 +8,13 @@
 #include "harness/MessageRecorder.h"
 #include "harness/OtherRoot.h"
 #include "harness/ServerProcess.h"
+#include "harness/System.h"
 #include "harness/TemporaryFolder.h"
 #include "metadata/FieldCache.h"
+#include "unit/Environment.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -31,6 +32,11 @@ inline void WriteSettingsFile(const std::filesystem::path& root, const harness::
                                        << "\nUser=" << access.user
                                        << "\nPassword=" << EncipherPassword(access.password).value_or("") << "\n";
 }
+
+inline const Texts twoLargeTables = {"CREATE TABLE a (id INT PRIMARY KEY, t VARCHAR(200)) ENGINE=MyISAM",
+                                     "CREATE TABLE b (id INT PRIMARY KEY, t VARCHAR(200)) ENGINE=InnoDB",
+                                     "INSERT INTO a SELECT seq, REPEAT('o''x', 30) FROM seq_1_to_100000",
+                                     "INSERT INTO b SELECT seq, REPEAT('o''x', 30) FROM seq_1_to_100000"};
 
 /// One copy on a real server: from "mydb_from" to "mydb_to", both opened as a host does. `root` holds the data
 /// directories and the temporary files.
@@ -52,15 +58,10 @@ public:
         sql.Run("DROP DATABASE mydb_to");
         sql.Run("USE mydb_from");
         sql.Run("SET SESSION foreign_key_checks = 1");
-        setenv("TMPDIR", temp.c_str(), 1);
     }
     CopyJob(const CopyJob&) = delete;
     CopyJob& operator=(const CopyJob&) = delete;
-    ~CopyJob()
-    {
-        unsetenv("TMPDIR");
-        CFieldCache::Instance().RemoveAll();
-    }
+    ~CopyJob() { CFieldCache::Instance().RemoveAll(); }
 
     static CMyServer Settings(const harness::ServerAccess& access, const std::filesystem::path& data,
                               const char* charset)
@@ -109,6 +110,7 @@ public:
 
     harness::RawConnection sql;
     std::filesystem::path temp;
+    Environment tempFolder{harness::temporaryFolderVariable, temp.string().c_str()};
     harness::MessageRecorder messages;
     CMyDatabase source;
     CMyDatabase target;
@@ -121,7 +123,7 @@ inline void ExpectFailedCopy(CopyJob& job)
     EXPECT_FALSE(job.Copy());
     EXPECT_EQ(job.Checksums("mydb_from"), before);
     EXPECT_FALSE(job.HasTarget());
-    EXPECT_FALSE(std::filesystem::exists("/two/DBS/mydb_to"));
+    EXPECT_FALSE(std::filesystem::exists("two/DBS/mydb_to"));
     EXPECT_EQ(job.TemporaryFiles(), Texts());
     EXPECT_TRUE(job.IsUnlocked());
     EXPECT_EQ(job.messages.WaitBegins(), job.messages.WaitEnds());
@@ -140,14 +142,14 @@ protected:
 
     static const harness::ServerAccess& Access() { return s_server->Administrator(); }
 
-    /// Runs `body` in a process of its own, whose root is the test's folder and has the settings file of the server,
-    /// with a job whose source is made by the statements.
+    /// Runs `body` where the test's folder is the root and the working directory and has the settings file of the
+    /// server, with a job whose source is made by the statements.
     template <class Body> void WithSource(const Texts& statements, Body&& body)
     {
         WriteSettingsFile(m_folder.Path(), Access());
         EXPECT_TRUE(harness::InOtherRoot(m_folder.Path(), [&] {
             try {
-                CopyJob job(Access(), "/");
+                CopyJob job(Access(), std::filesystem::current_path());
                 for (const std::string& statement : statements)
                     job.sql.Run(statement);
                 body(job);

@@ -113,7 +113,7 @@ TEST_F(CopyLimits, Kept_K158_ADumpGoesOnWithoutTheLocksOfALostConnection)
         job.source.ExecuteQuery("LOCK TABLES t READ", false, nullptr, false);
         EXPECT_FALSE(job.IsUnlocked());
         harness::KillConnection(Access(), job.source.GetThreadID());
-        EXPECT_EQ(job.source.DumpTable("/temp/t", "t", false, "", "", "", "", nullptr), 1);
+        EXPECT_EQ(job.source.DumpTable((job.temp / "t").string().c_str(), "t", false, "", "", "", "", nullptr), 1);
         EXPECT_TRUE(job.IsUnlocked());
     });
 }

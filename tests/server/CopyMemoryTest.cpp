@@ -56,7 +56,7 @@ TEST_F(CopyMemory, ACopyIsWholeOrFailsAndLeavesNoLock)
             job.sql.Run("CREATE OR REPLACE DATABASE mydb_to");
             job.target.Open(false, "");
             job.sql.Run("DROP DATABASE mydb_to");
-            std::filesystem::remove_all("/two");
+            std::filesystem::remove_all("two");
             harness::AllocationFailure::allocationsLeft = left;
             const bool isCopied = job.Copy();
             harness::AllocationFailure::allocationsLeft = -1;

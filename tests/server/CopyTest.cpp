@@ -188,7 +188,7 @@ TEST_F(CopyDatabase, SendsTheStatementsThatItDocuments)
               (Texts{"SHOW TABLES", "FLUSH TABLES `a`, `b`", "LOCK TABLES `a` READ, `b` READ", "SELECT * FROM a",
                      "SELECT * FROM b", "UNLOCK TABLES", "SHOW CREATE TABLE `mydb_from`.`a`",
                      "SHOW CREATE TABLE `mydb_from`.`b`"}));
-    const std::string load = "LOAD DATA LOCAL INFILE '" + job.temp.string() + "/";
+    const std::string load = "LOAD DATA LOCAL INFILE '" + job.temp.generic_string() + "/";
     const std::string format =
         " FIELDS TERMINATED BY ',' ENCLOSED BY '\"' ESCAPED BY '\\\\' LINES TERMINATED BY '\\r\\n'";
     const std::string options = " ENGINE=MyISAM DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_general_ci";

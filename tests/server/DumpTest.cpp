@@ -3,12 +3,11 @@
 #include "connection/DatabaseAccess.h"
 #include "framework/CWnd.h"
 #include "harness/MessageRecorder.h"
+#include "harness/System.h"
 #include "harness/TemporaryFolder.h"
 
 #include <fstream>
 #include <iterator>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -102,7 +101,7 @@ TEST_F(DumpTable, IsReadBackByLoadData)
     Run("INSERT INTO t VALUES (200000, NULL), (200001, ''), (200002, '\\\\N'), (200003, '\",\"\r\n')");
     ASSERT_EQ(Dump(), 65540);
     Run("CREATE TABLE copy (ID INT PRIMARY KEY, DATA BLOB)");
-    Run("LOAD DATA LOCAL INFILE '" + (m_folder.Path() / "dump").string() +
+    Run("LOAD DATA LOCAL INFILE '" + (m_folder.Path() / "dump").generic_string() +
         "' INTO TABLE copy CHARACTER SET binary FIELDS TERMINATED BY ',' ENCLOSED BY '\"' ESCAPED BY '\\\\'"
         " LINES TERMINATED BY '\\r\\n'");
     EXPECT_EQ(m_temporary.Sql().Rows("CHECKSUM TABLE t")[0][1], m_temporary.Sql().Rows("CHECKSUM TABLE copy")[0][1]);
@@ -119,15 +118,10 @@ TEST_F(DumpTable, TellsABarWhileTheRowsArrive)
 
 TEST_F(DumpTable, NeedsMemoryForTheLargestRowOnly)
 {
-    const auto peakInMiB = [] {
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        return usage.ru_maxrss / 1024;
-    };
     EXPECT_EQ(Dump("t", "SELECT REPEAT('x', 1000) FROM seq_1_to_1000"), 1000);
-    const long before = peakInMiB();
+    const size_t before = harness::PeakMemory();
     EXPECT_EQ(Dump("t", "SELECT REPEAT('x', 1000) FROM seq_1_to_100000"), 100000);
-    EXPECT_LT(peakInMiB() - before, 20);
+    EXPECT_LT(harness::PeakMemory() - before, 20'000'000U);
 }
 
 TEST_F(DumpTable, LeavesAStatementThatGivesNoRowsDone)
@@ -177,7 +171,7 @@ TEST_F(DumpTable, ShowsAFullDiskAndGoesOnWorking)
 {
     const harness::MessageRecorder messages;
     MakeOrders(5);
-    EXPECT_EQ(m_database.DumpTable("/dev/full", "orders", false, "", "", "", "", nullptr), -1);
+    EXPECT_EQ(m_database.DumpTable(harness::fullFile, "orders", false, "", "", "", "", nullptr), -1);
     EXPECT_EQ(messages.Messages().size(), 1U);
     EXPECT_EQ(Dump("orders"), 5);
 }

@@ -28,8 +28,8 @@ public:
              << "\r\nPassword=" << EncipherPassword(password).value_or("") << "\r\nCharset=utf8mb4\r\n";
     }
 
-    std::string Path() const { return m_folder.Path() / "Server.ini"; }
-    std::string DataPath() const { return m_folder.Path() / "data"; }
+    std::string Path() const { return (m_folder.Path() / "Server.ini").string(); }
+    std::string DataPath() const { return (m_folder.Path() / "data").string(); }
     std::filesystem::path OutputPath() const { return m_folder.Path() / "output"; }
 
 private:

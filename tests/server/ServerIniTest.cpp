@@ -31,7 +31,7 @@ protected:
     }
     void Write() const { Write(PrivateServer::Get().Administrator().password); }
 
-    UtCString Folder() const { return m_folder.Path().c_str(); }
+    UtCString Folder() const { return m_folder.Path().string().c_str(); }
 
     harness::TemporaryFolder m_folder;
 };

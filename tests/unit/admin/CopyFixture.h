@@ -7,9 +7,9 @@
 #include "harness/MessageRecorder.h"
 #include "harness/TemporaryFolder.h"
 #include "metadata/FieldCache.h"
+#include "unit/Environment.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -27,13 +27,11 @@ protected:
         std::filesystem::create_directories(Temp());
         std::filesystem::create_directories(SourceFolder());
         std::ofstream(SourceFolder() / "notes.txt") << "beside the tables";
-        setenv("TMPDIR", Temp().c_str(), 1);
         Script();
         EXPECT_TRUE(m_source.Open(false, ""));
         EXPECT_TRUE(m_target.Open(false, ""));
         m_client.ForgetCalls();
     }
-    ~CopyFixture() override { unsetenv("TMPDIR"); }
     void TearDown() override
     {
         m_source.Close();
@@ -103,6 +101,7 @@ protected:
     }
 
     harness::TemporaryFolder m_folder;
+    Environment m_temp{harness::temporaryFolderVariable, Temp().string().c_str()};
     harness::MessageRecorder m_messages;
     CMyDatabase m_source{Server("one.example"), "shop"};
     CMyDatabase m_target{Server("two.example"), "shop2"};

@@ -3,6 +3,7 @@
 #include "harness/FailurePoints.h"
 #include "harness/MessageRecorder.h"
 #include "harness/OpenFile.h"
+#include "harness/System.h"
 
 namespace {
 
@@ -11,6 +12,21 @@ using fake::Reply;
 
 class DumpFailure : public DumpFixture
 {
+};
+
+/// Makes the close fail that follows the last step.
+class ClosingBar final : public CProgressCtrl
+{
+public:
+    explicit ClosingBar(const std::filesystem::path& file) : m_file(file) {}
+    intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
+    {
+        EXPECT_TRUE(harness::CloseDescriptorOf(m_file));
+        return 0;
+    }
+
+private:
+    const std::filesystem::path m_file;
 };
 
 TEST_F(DumpFailure, SendsNothingWithoutAFile)
@@ -119,11 +135,12 @@ TEST_F(DumpFailure, ShowsThatTheDiskIsFull)
 {
     harness::MessageRecorder messages;
     ScriptRows(3);
-    EXPECT_EQ(m_database.DumpTable("/dev/full", "t", false, "", "", "", "", nullptr), -1);
+    EXPECT_EQ(m_database.DumpTable(harness::fullFile, "t", false, "", "", "", "", nullptr), -1);
     ASSERT_EQ(messages.Messages().size(), 1U);
     EXPECT_EQ(messages.Messages()[0].text,
-              "Es konnten nicht alle Daten in die Datei /dev/full auf dem Server db.example geschrieben werden.\n"
-              "Stellen Sie sicher, dass auf dem Server db.example die neusten Servicepacks installiert sind.");
+              std::string("Es konnten nicht alle Daten in die Datei ") + harness::fullFile +
+                  " auf dem Server db.example geschrieben werden.\n"
+                  "Stellen Sie sicher, dass auf dem Server db.example die neusten Servicepacks installiert sind.");
     EXPECT_EQ(messages.Messages()[0].type, 16U);
     EXPECT_EQ(m_database.GetErrorCode(), 0U);
     EXPECT_EQ(m_database.GetQueryTime(), 0U);
@@ -134,27 +151,14 @@ TEST_F(DumpFailure, ShowsAFullDiskInTheMiddleOfTheRows)
 {
     const harness::MessageRecorder messages;
     m_client.On("SELECT * FROM t", Reply::Rows({"A"}, std::vector<fake::Row>(10, fake::Row{std::string(90000, 'x')})));
-    EXPECT_EQ(m_database.DumpTable("/dev/full", "t", false, "", "", "", "", nullptr), -1);
+    EXPECT_EQ(m_database.DumpTable(harness::fullFile, "t", false, "", "", "", "", nullptr), -1);
     EXPECT_EQ(messages.Messages().size(), 1U);
     EXPECT_LT(m_client.CountOf("mysql_fetch_row"), 10U);
 }
 
 TEST_F(DumpFailure, ShowsAFailureThatTheSystemReportsOnClosing)
 {
-    /// The close that follows the last step fails.
-    class ClosingBar final : public CProgressCtrl
-    {
-    public:
-        explicit ClosingBar(const std::filesystem::path& file) : m_file(file) {}
-        intptr_t WindowProc(unsigned int, uintptr_t, intptr_t) override
-        {
-            EXPECT_TRUE(harness::CloseDescriptorOf(m_file));
-            return 0;
-        }
-
-    private:
-        const std::filesystem::path m_file;
-    } bar(m_file);
+    ClosingBar bar(m_file);
     harness::MessageRecorder messages;
     ScriptRows(2);
     EXPECT_EQ(Dump("t", "", &bar), -1);
@@ -168,13 +172,12 @@ TEST_F(DumpFailure, WritesTheNameOfTheFileIntoTheMessageInTheSingleByteEncoding)
 {
     harness::MessageRecorder messages;
     m_database.GetServer().SetCharset("utf8mb4");
-    const std::filesystem::path link = m_folder.Path() / "Gr\xC3\xB6\xC3\x9F"
-                                                         "e";
-    std::filesystem::create_symlink("/dev/full", link);
+    const std::filesystem::path file = m_folder.Path() / u8"Gr\u00F6\u00DFe";
+    ClosingBar bar(file);
     ScriptRows(1);
-    m_database.DumpTable(UtCString(link.string(), UT_ENCODING_UTF8), "t", false, "", "", "", "", nullptr);
+    m_database.DumpTable(UtCString(file.string(), UT_ENCODING_UTF8), "t", false, "", "", "", "", &bar);
     ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("/Gr\xF6\xDF"
+    EXPECT_NE(messages.Messages()[0].text.find("Gr\xF6\xDF"
                                                "e auf dem Server"),
               std::string::npos);
 }
@@ -199,7 +202,7 @@ TEST_F(DumpFailure, StillHoldsTheRowsWhileItShowsTheFailure)
         MyDbUserInterface* m_previous;
     } box;
     ScriptRows(1);
-    m_database.DumpTable("/dev/full", "t", false, "", "", "", "", nullptr);
+    m_database.DumpTable(harness::fullFile, "t", false, "", "", "", "", nullptr);
     EXPECT_EQ(box.resultsClosed + 1, m_client.ResultsClosed());
 }
 

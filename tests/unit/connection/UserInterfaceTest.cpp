@@ -32,28 +32,6 @@ TEST(MyDbSetUserInterface, PutsTheHostsOwnInForce)
     EXPECT_NE(&connection::UserInterface(), &own);
 }
 
-int AnswerOfTheDefault(unsigned int type)
-{
-    testing::internal::CaptureStderr();
-    const int answer = connection::UserInterface().ShowMessage("text", type);
-    testing::internal::GetCapturedStderr();
-    return answer;
-}
-
-TEST(DefaultUserInterface, WritesTheTextToStandardError)
-{
-    testing::internal::CaptureStderr();
-    connection::UserInterface().ShowMessage("first line\nsecond line", MYDB_MESSAGE_ERROR);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "first line\nsecond line\n");
-}
-
-TEST(DefaultUserInterface, AnswersOkToAMessage)
-{
-    EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_ERROR), MYDB_ANSWER_OK);
-    EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_INFORMATION), MYDB_ANSWER_OK);
-    EXPECT_EQ(AnswerOfTheDefault(0), MYDB_ANSWER_OK);
-}
-
 TEST(DefaultUserInterface, GoesOnWithACleanupUnlessTheHostSaysNo)
 {
     Silent own;
@@ -61,12 +39,6 @@ TEST(DefaultUserInterface, GoesOnWithACleanupUnlessTheHostSaysNo)
         EXPECT_TRUE(connection::UserInterface().ContinueCleanup(filesLeft));
         EXPECT_TRUE(own.ContinueCleanup(filesLeft));
     }
-}
-
-TEST(DefaultUserInterface, AnswersNoToAQuestion)
-{
-    EXPECT_EQ(AnswerOfTheDefault(MYDB_MESSAGE_QUESTION_YESNO), MYDB_ANSWER_NO);
-    EXPECT_EQ(AnswerOfTheDefault(4), MYDB_ANSWER_NO);
 }
 
 TEST(DefaultUserInterface, ShowsNothingWhileWaiting)

@@ -1,7 +1,6 @@
 #include "unit/datetime/DateTestSupport.h"
 
 #include "datetime/DateFormat.h"
-#include "unit/TestLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -11,16 +10,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-std::string Text(const UtCString& text)
-{
-    return std::string(text.View());
-}
-
-UtCString Ansi(std::string_view bytes)
-{
-    return UtCString(bytes, UT_ENCODING_DEFAULT);
-}
-
 /// A text of ASCII characters in another encoding.
 UtCString Encoded(std::string_view ascii, eUtEncodingType encoding)
 {
@@ -28,13 +17,6 @@ UtCString Encoded(std::string_view ascii, eUtEncodingType encoding)
 }
 
 constexpr eUtEncodingType convertedEncodings[] = {UT_ENCODING_UTF8, UT_ENCODING_UTF16_LE, UT_ENCODING_UTF16_BE};
-
-class PublicDateToStr : public CDateTime
-{
-public:
-    using CDateTime::CDateTime;
-    using CDateTime::DateToStr;
-};
 
 TEST(GetDate, WritesEachForm)
 {
@@ -102,36 +84,6 @@ TEST(GetDate, Kept_K50_TwoBlanksForPeopleAndOneForTheServer)
     const CDateTime date(2024, 3, 5, 14, 7, 9);
     EXPECT_EQ(Text(date.GetDate(4)), "05.03.2024  14:07");
     EXPECT_EQ(Text(date.GetDate(9)), "2024-03-05 14:07:09");
-}
-
-TEST(GetDate, FollowsTheLocaleForZeroAndUnknownSelectors)
-{
-    const Environment locale("LC_ALL", "C");
-    const CDateTime date(2024, 3, 5, 14, 7, 9);
-    for (const unsigned int selector : {0u, 13u, 0x80000000u, 0xFFFFFFFFu})
-        EXPECT_EQ(Text(date.GetDate(selector)), "03/05/24") << selector;
-}
-
-constexpr TestLocale::Dates german = {"%d. %B %Y", "M<U00E4>rz", "M<U00E4>r", "Dienstag", "Di", "", ""};
-
-TEST(GetDate, WritesAndParseDateReadsTheUsersLocale)
-{
-    const TestLocale locale(german);
-    const UtCString text = CDateTime(2024, 3, 5, 14, 7, 9).GetDate(0);
-    EXPECT_EQ(Text(text), "05. M\xE4rz 2024");
-    EXPECT_EQ(text.GetEncodingType(), UT_ENCODING_DEFAULT);
-    EXPECT_EQ(Shown(CDateTime::ParseDate(text)), "2024-03-05 00:00:00 (0)");
-    EXPECT_EQ(Shown(CDateTime::ParseDate(UtCString(text, UT_ENCODING_UTF16_BE))), "2024-03-05 00:00:00 (0)");
-    EXPECT_EQ(Shown(CDateTime::ParseDate(Ansi("4.5.2024"))), "2024-05-04 00:00:00 (0)");
-    EXPECT_EQ(Text(CDateTime(2024, 3, 5, 14, 7, 9).GetDate(1)), "05.03.2024") << "the other forms do not follow it";
-}
-
-TEST(DateToStr, IsTheLocalesShortDate)
-{
-    const Environment locale("LC_ALL", "C");
-    EXPECT_EQ(Text(PublicDateToStr(1600, 12, 31, 23, 59, 59).DateToStr()), "12/31/00");
-    EXPECT_EQ(Text(PublicDateToStr().DateToStr()), "");
-    EXPECT_EQ(Text(PublicDateToStr(1599, 12, 31, 0, 0, 0).DateToStr()), "");
 }
 
 TEST(Format, SaysSoWhenTheFieldsCannotBeRead)
@@ -347,42 +299,6 @@ TEST(ConvertDate, ReadsBackTheFormsForTheServer)
     EXPECT_EQ(Shown(date), "2024-03-05 00:00:00 (0)");
     EXPECT_TRUE(date.ConvertDate(source.GetDate(6)));
     EXPECT_EQ(Shown(date), "2024-03-05 00:00:00 (0)");
-}
-
-TEST(ParseDate, ReadsIsoAndLocaleForms)
-{
-    const Environment locale("LC_ALL", "C");
-    const struct
-    {
-        std::string_view text;
-        unsigned long flags;
-        const char* shown;
-    } rows[] = {
-        {"2024-03-05"sv, 0, "2024-03-05 00:00:00 (0)"},
-        {"2024-03-05 14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
-        {"2024-03-05T14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
-        {"03/05/2024"sv, 0, "2024-03-05 00:00:00 (0)"},
-        {"March 5, 2024 \t\r\n"sv, 0, "2024-03-05 00:00:00 (0)"},
-        {"14:07"sv, 0, "1899-12-30 14:07:00 (0)"},
-        {"00:00"sv, 0, "1899-12-30 00:00:00 (0)"},
-        {"14:07"sv, 1, "1899-12-30 14:07:00 (0)"},
-        {"14:07"sv, 2, refused},
-        {"2024-03-05"sv, 1, refused},
-        {"2024-03-05"sv, 2, "2024-03-05 00:00:00 (0)"},
-        {"2024-03-05"sv, 0x80000000, "2024-03-05 00:00:00 (0)"},
-        {"2024-03-05"sv, 0x80000002, "2024-03-05 00:00:00 (0)"},
-        {"2024-02-30"sv, 0, refused},
-        {""sv, 0, refused},
-        {" \t\r\n"sv, 0, refused},
-        {"yesterday"sv, 0, refused},
-        {"2024-03-05\0"sv, 0, refused},
-        {"\xFF\xFE\xFC"sv, 0, refused},
-    };
-    for (const auto& row : rows) {
-        const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
-        EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
-        EXPECT_TRUE(date.GetStatus() == CDateTime::valid || date.GetValue() == 0) << row.text;
-    }
 }
 
 TEST(ParseDate, ReadsEveryEncoding)

@@ -108,17 +108,14 @@ TEST(Calendar, KnowsTheWeekdayOfEveryDay)
 
 TEST(Calendar, KnowsTheIsoWeekOfEveryDay)
 {
-    ForEveryDay([](const Walk& walk) {
+    int week = 52; // of 1599, in which 1600 begins
+    ForEveryDay([&week](const Walk& walk) {
+        const bool isNearNewYear = (walk.month == 12 && walk.day >= 29) || (walk.month == 1 && walk.day <= 4);
+        if (walk.weekday == 2)
+            week = isNearNewYear ? 1 : week + 1;
         // At the last second too, which must not count as the next day.
         const CDateTime date(walk.year, walk.month, walk.day, 23, 59, 59);
-        tm fields{};
-        fields.tm_year = walk.year - 1900;
-        fields.tm_mon = walk.month - 1;
-        fields.tm_mday = walk.day;
-        timegm(&fields);
-        char week[8];
-        strftime(week, sizeof week, "%V", &fields);
-        ASSERT_EQ(date.GetWeekNo(), std::atoi(week)) << Shown(date);
+        ASSERT_EQ(date.GetWeekNo(), week) << Shown(date);
     });
 }
 

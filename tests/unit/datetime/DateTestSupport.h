@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <ctime>
 #include <string>
+#include <string_view>
 
 /// A value as it may arrive from a host, with any double and status.
 inline CDateTime Raw(double value, COleDateTime::DateTimeStatus status = COleDateTime::valid)
@@ -31,3 +32,13 @@ inline const std::string shownInvalid = "-1 -1 -1 -1 -1 -1 (1)";
 
 /// Central European time by rule, so that the test needs no time zone files.
 inline constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
+
+inline std::string Text(const UtCString& text)
+{
+    return std::string(text.View());
+}
+
+inline UtCString Ansi(std::string_view bytes)
+{
+    return UtCString(bytes, UT_ENCODING_DEFAULT);
+}

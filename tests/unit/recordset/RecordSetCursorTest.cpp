@@ -82,7 +82,7 @@ TEST_F(RecordSetCursor, MoveToMakesAnyRowCurrent)
 TEST_F(RecordSetCursor, MoveToIsFalseOutsideTheResultAndLeavesTheCursorAtEndOfFile)
 {
     Store(3);
-    for (long row : {3L, -1L, 2147483647L, -2147483647L - 1L, static_cast<long>(0x100000001LL)}) {
+    for (long row : {3L, -1L, 2147483647L, -2147483647L - 1L}) {
         ASSERT_TRUE(records.MoveTo(1));
         EXPECT_FALSE(records.MoveTo(row)) << row;
         EXPECT_TRUE(records.IsEOF()) << row;

@@ -1,0 +1,83 @@
+#include "unit/TestLocale.h"
+#include "unit/datetime/DateTestSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::string_view_literals;
+
+class PublicDateToStr : public CDateTime
+{
+public:
+    using CDateTime::CDateTime;
+    using CDateTime::DateToStr;
+};
+
+TEST(GetDateInTheLocaleOfThePosixEnvironment, FollowsTheLocaleForZeroAndUnknownSelectors)
+{
+    const Environment locale("LC_ALL", "C");
+    const CDateTime date(2024, 3, 5, 14, 7, 9);
+    for (const unsigned int selector : {0u, 13u, 0x80000000u, 0xFFFFFFFFu})
+        EXPECT_EQ(Text(date.GetDate(selector)), "03/05/24") << selector;
+}
+
+constexpr TestLocale::Dates german = {"%d. %B %Y", "M<U00E4>rz", "M<U00E4>r", "Dienstag", "Di", "", ""};
+
+TEST(GetDateInTheLocaleOfThePosixEnvironment, WritesAndParseDateReadsTheUsersLocale)
+{
+    const TestLocale locale(german);
+    const UtCString text = CDateTime(2024, 3, 5, 14, 7, 9).GetDate(0);
+    EXPECT_EQ(Text(text), "05. M\xE4rz 2024");
+    EXPECT_EQ(text.GetEncodingType(), UT_ENCODING_DEFAULT);
+    EXPECT_EQ(Shown(CDateTime::ParseDate(text)), "2024-03-05 00:00:00 (0)");
+    EXPECT_EQ(Shown(CDateTime::ParseDate(UtCString(text, UT_ENCODING_UTF16_BE))), "2024-03-05 00:00:00 (0)");
+    EXPECT_EQ(Shown(CDateTime::ParseDate(Ansi("4.5.2024"))), "2024-05-04 00:00:00 (0)");
+    EXPECT_EQ(Text(CDateTime(2024, 3, 5, 14, 7, 9).GetDate(1)), "05.03.2024") << "the other forms do not follow it";
+}
+
+TEST(DateToStrInTheLocaleOfThePosixEnvironment, IsTheLocalesShortDate)
+{
+    const Environment locale("LC_ALL", "C");
+    EXPECT_EQ(Text(PublicDateToStr(1600, 12, 31, 23, 59, 59).DateToStr()), "12/31/00");
+    EXPECT_EQ(Text(PublicDateToStr().DateToStr()), "");
+    EXPECT_EQ(Text(PublicDateToStr(1599, 12, 31, 0, 0, 0).DateToStr()), "");
+}
+
+TEST(ParseDateInTheLocaleOfThePosixEnvironment, ReadsIsoAndLocaleForms)
+{
+    const Environment locale("LC_ALL", "C");
+    const struct
+    {
+        std::string_view text;
+        unsigned long flags;
+        std::string shown;
+    } rows[] = {
+        {"2024-03-05"sv, 0, "2024-03-05 00:00:00 (0)"},
+        {"2024-03-05 14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
+        {"2024-03-05T14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
+        {"03/05/2024"sv, 0, "2024-03-05 00:00:00 (0)"},
+        {"March 5, 2024 \t\r\n"sv, 0, "2024-03-05 00:00:00 (0)"},
+        {"14:07"sv, 0, "1899-12-30 14:07:00 (0)"},
+        {"00:00"sv, 0, "1899-12-30 00:00:00 (0)"},
+        {"14:07"sv, 1, "1899-12-30 14:07:00 (0)"},
+        {"14:07"sv, 2, shownNull},
+        {"2024-03-05"sv, 1, shownNull},
+        {"2024-03-05"sv, 2, "2024-03-05 00:00:00 (0)"},
+        {"2024-03-05"sv, 0x80000000, "2024-03-05 00:00:00 (0)"},
+        {"2024-03-05"sv, 0x80000002, "2024-03-05 00:00:00 (0)"},
+        {"2024-02-30"sv, 0, shownNull},
+        {""sv, 0, shownNull},
+        {" \t\r\n"sv, 0, shownNull},
+        {"yesterday"sv, 0, shownNull},
+        {"2024-03-05\0"sv, 0, shownNull},
+        {"\xFF\xFE\xFC"sv, 0, shownNull},
+    };
+    for (const auto& row : rows) {
+        const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
+        EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
+        EXPECT_TRUE(date.GetStatus() == CDateTime::valid || date.GetValue() == 0) << row.text;
+    }
+}
+
+} // namespace
