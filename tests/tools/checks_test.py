@@ -200,6 +200,24 @@ class ChecksTest(unittest.TestCase):
         self.assertEqual(1, result.returncode)
         self.assertIn("declared in inc/Shown.h, but not in the list: Count", result.stdout)
 
+    def check_dll(self, names):
+        self.write("tools/exports.txt", "Shown\n")
+        objdump = self.root / "objdump"
+        table = "".join(f"\t[{number:4}] {name}\n" for number, name in enumerate(names))
+        objdump.write_text(f"#!/bin/sh\ncat <<'END'\nNumber\n\n[Ordinal/Name Pointer] Table\n{table}\nThe rest\nEND\n")
+        objdump.chmod(0o755)
+        return self.run_check("check_exports", "--dll", str(objdump), "c++filt", "library")
+
+    def test_the_listed_names_of_a_dll_pass(self):
+        result = self.check_dll(["_ZN5Shown3GetEv", "_ZTI5Shown", "_ZTISt9bad_alloc"])
+        self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+
+    def test_a_name_of_a_dll_that_is_not_listed_fails(self):
+        self.assertIn("not in the list: mysql_init", self.check_dll(["_ZN5Shown3GetEv", "mysql_init"]).stdout)
+
+    def test_a_dll_without_names_fails(self):
+        self.assertIn("not visible: Shown", self.check_dll([]).stdout)
+
     # count_results
     def count(self, cases, ctest_status="run", other=""):
         self.write("results/dev/ctest.xml", "<testsuite><testcase name='unit_x' status='%s'/></testsuite>" % ctest_status)
