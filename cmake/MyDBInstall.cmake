@@ -2,6 +2,9 @@ include(CMakePackageConfigHelpers)
 
 set(MYDB_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/MyDB")
 
+if(MYDB_WITH_MFC)
+    install(TARGETS mydb_framework EXPORT MyDBTargets)
+endif()
 install(TARGETS mydb EXPORT MyDBTargets
         RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"

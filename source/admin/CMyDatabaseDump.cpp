@@ -5,6 +5,7 @@
 #include "client/Result.h"
 #include "connection/UserInterface.h"
 #include "framework/CWnd.h"
+#include "framework/OutputFile.h"
 #include "platform/TickCount.h"
 #include "sql/SelectStatement.h"
 #include "text/UtCStringList.h"
@@ -107,7 +108,7 @@ long CMyDatabase::DumpTable(const UtCString& fileName, const UtCString& tableNam
 {
     try {
         CFile file;
-        if (!file.Open(fileName, CFile::modeCreate | CFile::modeReadWrite | CFile::shareExclusive))
+        if (!framework::CreateFileToWrite(file, fileName))
             return failed;
         const sql::DumpFormat format = sql::ReadDumpFormat(separator, enclosure, lineEnd, m_server.GetEncodingType());
         DumpJob job{fileName, file, format, header, RowProgress(progress)};

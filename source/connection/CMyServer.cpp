@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <limits>
 
+#undef SetPort // a macro of <windows.h>, which comes with the host framework
+
 IMPLEMENT_DYNAMIC(CMyServer, CObject)
 
 namespace {
@@ -43,11 +45,29 @@ CMyServer::CMyServer(const UtCString& iniFile) : CMyServer()
     LoadServerINI(iniFile);
 }
 
-CMyServer::CMyServer(const CMyServer&) = default;
+// Member by member: the framework's base class cannot be copied.
+CMyServer::CMyServer(const CMyServer& other) : CMyServer()
+{
+    *this = other;
+}
 
 CMyServer::~CMyServer() = default;
 
-CMyServer& CMyServer::operator=(const CMyServer&) = default;
+CMyServer& CMyServer::operator=(const CMyServer& other)
+{
+    m_connectAllowed = other.m_connectAllowed;
+    m_host = other.m_host;
+    m_alias = other.m_alias;
+    m_port = other.m_port;
+    m_user = other.m_user;
+    m_password = other.m_password;
+    m_charset = other.m_charset;
+    m_encodingType = other.m_encodingType;
+    m_mySQLProgramDir = other.m_mySQLProgramDir;
+    m_dataDir = other.m_dataDir;
+    m_serverINIFileName = other.m_serverINIFileName;
+    return *this;
+}
 
 bool CMyServer::operator==(const CMyServer& other) const
 {

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <memory>
-#include <new>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -86,7 +85,7 @@ public:
         try {
             m_items.push_back(std::move(value));
             return true;
-        } catch (const std::bad_alloc&) {
+        } catch (...) {
             return false;
         }
     }
@@ -100,7 +99,7 @@ public:
         try {
             m_items.reserve(count);
             return true;
-        } catch (const std::bad_alloc&) {
+        } catch (...) {
             return false;
         }
     }

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <new>
 #include <utility>
 #include <vector>
 
@@ -172,7 +171,7 @@ private:
             if (m_table.size() < 2 * (m_entries.size() + 1))
                 Rehash(m_table.empty() ? 16 : 2 * m_table.size());
             m_entries.push_back(Entry{key, std::move(value)});
-        } catch (const std::bad_alloc&) {
+        } catch (...) {
             return false;
         }
         if (!(m_entries.back().key == key)) {

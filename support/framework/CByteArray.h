@@ -1,5 +1,9 @@
 #pragma once
 
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#else
+
 #include "MyDbExport.h"
 #include "framework/CObject.h"
 
@@ -32,3 +36,5 @@ private:
 
     std::vector<unsigned char> m_bytes;
 };
+
+#endif

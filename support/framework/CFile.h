@@ -1,5 +1,9 @@
 #pragma once
 
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#else
+
 #include "MyDbExport.h"
 #include "framework/CObject.h"
 #include "text/UtCString.h"
@@ -51,3 +55,5 @@ public:
 private:
     intptr_t m_file;
 };
+
+#endif

@@ -1,5 +1,9 @@
 #pragma once
 
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#else
+
 #include "MyDbExport.h"
 
 class CObject;
@@ -67,3 +71,5 @@ public:                                                                         
 
 /// The record of a class.
 #define RUNTIME_CLASS(class_name) (class_name::GetThisClass())
+
+#endif

@@ -1,5 +1,9 @@
 #pragma once
 
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#else
+
 #include "MyDbExport.h"
 #include "framework/CTime.h"
 #include "framework/VariantName.h"
@@ -43,3 +47,5 @@ public:
     DATE m_dt = 0;
     DateTimeStatus m_status = valid;
 };
+
+#endif

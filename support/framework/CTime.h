@@ -1,5 +1,9 @@
 #pragma once
 
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#else
+
 #include "MyDbExport.h"
 
 #include <compare>
@@ -55,3 +59,5 @@ private:
 };
 
 #pragma pop_macro("GetCurrentTime")
+
+#endif

@@ -1,5 +1,9 @@
 #pragma once
 
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#else
+
 #include "MyDbExport.h"
 #include "framework/CObject.h"
 
@@ -60,3 +64,5 @@ private:
     int m_upper = 100;
     int m_position = 0;
 };
+
+#endif

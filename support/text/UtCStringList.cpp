@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 
 UtCStringList::UtCStringList(const UtCString& text) noexcept
 {
@@ -41,7 +40,7 @@ bool UtCStringList::Add(const UtCString& text) noexcept
     try {
         m_items.push_back(std::move(copy));
         return true;
-    } catch (const std::bad_alloc&) {
+    } catch (...) {
         return false;
     }
 }
@@ -60,7 +59,7 @@ bool UtCStringList::Reserve(size_t count) noexcept
     try {
         m_items.reserve(count);
         return true;
-    } catch (const std::bad_alloc&) {
+    } catch (...) {
         return false;
     }
 }

@@ -3,9 +3,10 @@
 #include "MyDB.h"
 #include "text/UtMemory.h"
 
+#include "host/HostServer.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 #include <string>
@@ -14,30 +15,12 @@
 
 namespace {
 
-std::string Setting(const char* name)
-{
-    const char* const value = std::getenv(name);
-    return value ? value : "";
-}
-
-CMyServer Server()
-{
-    const std::string place = Setting("MYDB_SERVER");
-    const size_t colon = place.find(':');
-    CMyServer server;
-    server.SetHost(UtCString(place.substr(0, colon).c_str()));
-    server.SetPort(std::strtoul(place.c_str() + colon + 1, nullptr, 10));
-    server.SetUser(UtCString(Setting("MYDB_USER").c_str()));
-    server.SetPassword(UtCString(Setting("MYDB_PASSWORD").c_str()));
-    return server;
-}
-
 /// Overrides what a host may override, and notes each call that arrives.
 class HostDatabase : public CMyDatabase
 {
     DECLARE_DYNAMIC(HostDatabase)
 public:
-    HostDatabase() : CMyDatabase(Server(), UtCString("information_schema")) {}
+    HostDatabase() : CMyDatabase(HostServer(), UtCString("information_schema")) {}
 
     bool Close() override
     {

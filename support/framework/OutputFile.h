@@ -1,0 +1,12 @@
+#pragma once
+
+#include "framework/CFile.h"
+#include "text/UtCString.h"
+
+namespace framework {
+
+/// Creates the file, or empties the one that is there, and keeps others from opening it. "files/NativePath.h" says how
+/// paths are read. False, and `file` stays closed, when the system refuses and without memory.
+bool CreateFileToWrite(CFile& file, const UtCString& path) noexcept;
+
+} // namespace framework
