@@ -1,6 +1,7 @@
 #include "files/FileSystemPath.h"
 #include "files/NativePath.h"
 #include "files/UtFile.h"
+#include "platform/CopyFile.h"
 #include "platform/Folder.h"
 
 #include <algorithm>
@@ -77,7 +78,7 @@ private:
         const fs::file_status existing = fs::symlink_status(target, error);
         if (fs::exists(existing))
             return !fs::is_directory(existing);
-        if (fs::copy_file(source, target, error))
+        if (platform::CopyToNewFile(files::NativeText(source), files::NativeText(target)))
             return true;
         std::error_code ignored;
         fs::remove(target, ignored);
