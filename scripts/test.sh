@@ -118,6 +118,8 @@ test_windows() {
         try_build windows "Cross-building library, tests and examples for Windows"; then
         wine_servers -p
         run_ctest windows
+        try_build windows-mfc "Cross-building the library for hosts with MFC, with a double of the framework" &&
+            run_ctest windows-mfc
         wine_servers -k
     fi
     say "The Windows part took $((SECONDS - from)) s"
