@@ -2,7 +2,8 @@
 # and stay out of it.
 function(mydb_enable_warnings TARGET)
     if(MSVC)
-        target_compile_options(${TARGET} PRIVATE /W4 /utf-8 /permissive- $<$<BOOL:${MYDB_WERROR}>:/WX>)
+        # 5030: attributes that other compilers know
+        target_compile_options(${TARGET} PRIVATE /W4 /wd5030 /utf-8 /permissive- $<$<BOOL:${MYDB_WERROR}>:/WX>)
     else()
         target_compile_options(${TARGET} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wundef
                                $<$<BOOL:${MYDB_WERROR}>:-Werror>)
