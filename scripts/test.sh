@@ -117,7 +117,7 @@ test_windows() {
     if prepare windows-client.sh && prepare wine-prefix.sh &&
         try_build windows "Cross-building library, tests and examples for Windows"; then
         wine_servers -p
-        run_ctest windows
+        run_ctest windows -LE tools
         try_build windows-mfc "Cross-building the library for hosts with MFC, with a double of the framework" &&
             run_ctest windows-mfc
         wine_servers -k
