@@ -21,9 +21,9 @@ enum eMyDbMessageAnswer : int
 
 /// What the library shows to a person. A host may derive from it and put its own one in place of the default.
 ///
-/// The default one shows message boxes on Windows. Elsewhere it writes the text to standard error, in the terminal's
-/// encoding, answers OK, and answers No to a question, so that nothing is done that nobody agreed to; waiting shows
-/// nothing.
+/// The default one shows message boxes and the wait cursor on Windows. Elsewhere it writes the text to standard error,
+/// in the terminal's encoding, answers OK, and answers No to a question, so that nothing is done that nobody agreed to;
+/// waiting shows nothing.
 ///
 /// The members are called by the thread that called the library, in the middle of that call. An exception that leaves
 /// one makes the library's call fail. A member may use other connections, but not the one at work.

@@ -6,13 +6,13 @@
 
 namespace files {
 
-/// The path as the system's own file functions take it.
+/// The path as the services of the platform take it: in UTF-8, with the system's own separators.
 ///
-/// Paths of this library are written as on Windows: "\" separates and letter case does not matter. On POSIX both "\"
-/// and "/" separate, the text is given in UTF-8, and each component that does not exist as spelled is looked up in its
-/// folder ignoring case; from the first component that is not found at all, the rest keeps its spelling, so the result
-/// can name a file to be created. A trailing separator is kept. Empty for an empty path, for one that holds a zero
-/// byte (no such file) and when memory runs out.
+/// Paths of this library are written as on Windows: "\" separates, "/" does too, and letter case does not matter. On
+/// POSIX each component that does not exist as spelled is looked up in its folder ignoring case; from the first
+/// component that is not found at all, the rest keeps its spelling, so the result can name a file to be created. A
+/// trailing separator is kept. Empty for an empty path, for one that holds a zero byte (no such file) and when memory
+/// runs out.
 std::string NativePath(const UtCString& path) noexcept;
 
 } // namespace files

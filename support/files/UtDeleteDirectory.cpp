@@ -3,6 +3,7 @@
 #include "files/NativePath.h"
 #include "files/UtFile.h"
 #include "platform/Folder.h"
+#include "platform/PathRules.h"
 
 #include <filesystem>
 
@@ -21,13 +22,6 @@ bool IsDrive(const std::string& path)
     return path.size() == 2 && path[1] == ':';
 }
 
-bool IsRoot(const fs::path& path)
-{
-    std::error_code error;
-    const bool isLink = fs::is_symlink(fs::symlink_status(path, error));
-    return !isLink && fs::equivalent(path, fs::absolute(path).root_path(), error);
-}
-
 } // namespace
 
 std::string WithoutTrailingSeparators(std::string nativePath)
@@ -40,7 +34,7 @@ std::string WithoutTrailingSeparators(std::string nativePath)
 bool IsDeletable(const std::string& nativePath)
 {
     const fs::path path = FileSystemPath(nativePath);
-    return !path.empty() && !IsDrive(nativePath) && !IsDotName(path.filename()) && !IsRoot(path);
+    return !path.empty() && !IsDrive(nativePath) && !IsDotName(path.filename()) && !platform::IsRootFolder(nativePath);
 }
 
 } // namespace files

@@ -12,11 +12,16 @@ namespace fs = std::filesystem;
 namespace {
 
 // An empty native path must not reach the file functions: some read it as the working folder.
-fs::file_status StatusOf(const UtCString& path)
+fs::file_status StatusOf(const std::string& native)
 {
-    const std::string native = files::NativePath(path);
     std::error_code error;
     return native.empty() ? fs::file_status() : fs::status(files::FileSystemPath(native), error);
+}
+
+// Some systems overlook a separator behind the name of a file.
+bool IsFile(const std::string& native)
+{
+    return !native.ends_with(platform::SystemPathRules().separator) && fs::is_regular_file(StatusOf(native));
 }
 
 UtCString TempDirectoryWithBackslashes()
@@ -34,14 +39,14 @@ UtCString TempDirectoryWithBackslashes()
 
 int UtIsFile(const UtCString& path) noexcept
 try {
-    return fs::is_regular_file(StatusOf(path));
+    return IsFile(files::NativePath(path));
 } catch (...) {
     return 0;
 }
 
 int UtIsDir(const UtCString& path) noexcept
 try {
-    return fs::is_directory(StatusOf(path));
+    return fs::is_directory(StatusOf(files::NativePath(path)));
 } catch (...) {
     return 0;
 }

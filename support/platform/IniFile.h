@@ -33,7 +33,8 @@ struct IniValue
 /// Gives `defaultValue` (ASCII, cut to 255 bytes) when there is no such entry and when the file cannot be read, is
 /// missing or is no regular file. A key that is there with nothing behind "=" gives the empty text, not the default.
 ///
-/// Reads the file once, up to the entry, with a buffer of fixed size; never fails otherwise.
+/// Reads the file up to the entry and never fails otherwise. Windows' own reader takes no path of more than 259
+/// characters, and differs where docs/porting.md says so.
 IniValue ReadIniValue(const std::string& nativePath, const char* section, const char* key,
                       const char* defaultValue) noexcept;
 

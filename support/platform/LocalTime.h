@@ -9,7 +9,8 @@ namespace platform {
 /// Seconds since 1970-01-01 00:00:00 UTC, whole seconds, leap seconds not counted.
 int64_t CurrentTime() noexcept;
 
-/// Breaks a time down in the local time zone of the process. False, and `fields` untouched, when the system cannot.
+/// Breaks a time down in the local time zone: that of the process (the variable TZ) on POSIX, of the system on Windows.
+/// False, and `fields` untouched, when the system cannot; Windows has the years 1601 to 30827.
 bool LocalTimeFromSeconds(int64_t secondsSince1970, CalendarFields& fields) noexcept;
 
 /// Whether daylight saving time is in effect at a local time.

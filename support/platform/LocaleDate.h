@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// The short date form of the user's locale, in UTF-8. Empty when the form is empty or has more than 78 bytes.
-/// The date must exist.
+/// The short date form of the user's locale, in UTF-8. Empty when the form is empty or has more than 78 bytes in the
+/// locale's encoding, and on Windows before the year 1601. The date must exist.
 std::string ShortDate(const CalendarFields& date);
 
 /// What a locale text may hold. Bits, by the numbers that Windows gives them.
@@ -24,7 +24,8 @@ enum LocaleDateFlags : uint32_t
 /// both `timeOnly` and `dateOnly` nothing is. A missing time is midnight, a missing date 1899-12-30, a missing year
 /// this one, a missing day the first. False, and `result` untouched, for every other text.
 ///
-/// Which shapes are accepted is the platform's affair. On POSIX, whose locale is LC_TIME of the environment:
+/// Which shapes are accepted is the platform's affair. On Windows, which leaves out what `flags` does not ask for in
+/// place of refusing the text, docs/porting.md has examples. On POSIX, whose locale is LC_TIME of the environment:
 /// - the ISO forms 2024-03-05, 20240305, 2024-03-05 14:07:09 and 2024-03-05T14:07:09, seconds optional;
 /// - day, month and year as numbers in the locale's order, separated by "." "/" "-" "," or blanks; where that is no
 ///   date, another order (31/12/2024 where the month comes first). Day and month alone, or month and a year of more

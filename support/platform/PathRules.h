@@ -13,6 +13,10 @@ struct PathRules
 
 PathRules SystemPathRules() noexcept;
 
+/// Whether a path of the system names the root of its files, of a drive or of a share, however it is written. A link to
+/// it is none. Throws std::bad_alloc.
+bool IsRootFolder(const std::string& nativePath);
+
 /// The user's folder for temporary files as an absolute path of the system, in UTF-8.
 std::string TempDirectory();
 

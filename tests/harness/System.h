@@ -16,7 +16,8 @@ namespace harness {
 
 unsigned long ProcessId();
 
-/// Sets, or with null removes, an environment variable, for this process and for programs that it starts.
+/// Sets, or with null removes, an environment variable, given in UTF-8, for this process and for programs that it
+/// starts.
 void ChangeEnvironment(const char* name, const char* value);
 /// The environment variable that names the user's folder for temporary files.
 extern const char* const temporaryFolderVariable;

@@ -23,6 +23,18 @@ PathRules SystemPathRules() noexcept
     return {'/', false};
 }
 
+bool IsRootFolder(const std::string& nativePath)
+{
+    struct stat status
+    {
+    };
+    struct stat root
+    {
+    };
+    return lstat(nativePath.c_str(), &status) == 0 && stat("/", &root) == 0 && status.st_dev == root.st_dev &&
+           status.st_ino == root.st_ino;
+}
+
 std::string TempDirectory()
 {
     const char* const chosen = std::getenv("TMPDIR");

@@ -1,5 +1,6 @@
 #include "platform/Folder.h"
 
+#include "platform/win32/FullPath.h"
 #include "platform/win32/Recode.h"
 #include "platform/win32/WinApi.h"
 
@@ -139,10 +140,7 @@ bool RemoveTree(const std::wstring& path)
 /// The full path in the form that may have any length. Empty when there is none.
 std::wstring LongPath(const std::wstring& path)
 {
-    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    while (full.ends_with(L'\\'))
-        full.pop_back();
+    const std::wstring full = FullPath(path);
     if (full.starts_with(L"\\\\"))
         return full[2] == L'?' || full[2] == L'.' ? full : L"\\\\?\\UNC\\" + full.substr(2);
     return full.empty() ? full : L"\\\\?\\" + full;

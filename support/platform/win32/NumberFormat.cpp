@@ -8,8 +8,8 @@ namespace {
 
 constexpr size_t decimals = 4;
 
-/// Empty when the system refuses. The digits are rounded already: a carry can come out of the system's own rounding
-/// behind a missing separator.
+/// Empty when the system refuses, as it does for long numbers. The digits are rounded already: a carry can come out of
+/// the system's own rounding behind a missing separator.
 std::string FormattedBySystem(const std::string& digits)
 {
     char point[] = ".";
@@ -26,11 +26,10 @@ std::string FormattedBySystem(const std::string& digits)
 
 std::string FormatNumber(std::string_view number)
 {
-    constexpr size_t mostDigits = 60; // the system's formatter writes longer ones over the end of its memory
     const std::string digits = RoundedDigits(number);
     if (digits.empty())
         return digits;
-    const std::string text = digits.size() > mostDigits ? std::string() : FormattedBySystem(digits);
+    const std::string text = FormattedBySystem(digits);
     return text.empty() ? GroupedNumber(digits) : text;
 }
 

@@ -1,13 +1,37 @@
 #include "platform/PathRules.h"
 
+#include "platform/win32/FullPath.h"
 #include "platform/win32/Recode.h"
 #include "platform/win32/WinApi.h"
 
+#include <string_view>
+
 namespace platform {
+
+namespace {
+
+bool TakePrefix(std::wstring& path, std::wstring_view prefix)
+{
+    const bool isThere = path.starts_with(prefix);
+    if (isThere)
+        path.erase(0, prefix.size());
+    return isThere;
+}
+
+} // namespace
 
 PathRules SystemPathRules() noexcept
 {
     return {'\\', true};
+}
+
+bool IsRootFolder(const std::string& nativePath)
+{
+    std::wstring path = FullPath(ToWide(nativePath));
+    // In "\\?\C:" the drive stands where a share would.
+    const bool isShare = TakePrefix(path, L"\\\\?\\UNC\\") || TakePrefix(path, L"\\\\");
+    const size_t inner = path.find(L'\\'); // between the server and the share
+    return path.find(L'\\', isShare && inner != std::wstring::npos ? inner + 1 : 0) == std::wstring::npos;
 }
 
 std::string TempDirectory()

@@ -24,6 +24,11 @@ PROCESS_MEMORY_COUNTERS MemoryCounters()
     return counters;
 }
 
+std::wstring Wide(std::string_view utf8)
+{
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
+}
+
 } // namespace
 
 const char* const temporaryFolderVariable = "TMP";
@@ -36,8 +41,11 @@ unsigned long ProcessId()
 
 void ChangeEnvironment(const char* name, const char* value)
 {
-    ::_putenv_s(name, value != nullptr ? value : "");
-    ::SetEnvironmentVariableA(name, value); // the line above takes an empty value for none
+    const std::wstring wideName = Wide(name);
+    const std::wstring wideValue = Wide(value != nullptr ? value : "");
+    ::_wputenv_s(wideName.c_str(), wideValue.c_str());
+    // The line above takes an empty value for none.
+    ::SetEnvironmentVariableW(wideName.c_str(), value != nullptr ? wideValue.c_str() : nullptr);
     ::_tzset();
 }
 

@@ -1,6 +1,7 @@
 #include "files/NativePath.h"
 #include "files/UtFile.h"
 #include "harness/FailingAllocations.h"
+#include "harness/System.h"
 #include "unit/Environment.h"
 #include "unit/support_files/TestFolder.h"
 
@@ -24,14 +25,15 @@ INSTANTIATE_TEST_SUITE_P(OnceAndForGood, FilesMemory, testing::Bool());
 TEST_P(FilesMemory, APathIsTheRightOneOrEmpty)
 {
     m_folder.MakeFile("another file with a name that is long");
-    const std::string right = m_folder.MakeFile("The File With A Name That Is Long").string();
+    m_folder.MakeFile("The File With A Name That Is Long");
     const UtCString written = Written(m_folder / "the file with a name that is long");
+    const std::string right = files::NativePath(written);
     bool isRightOrEmpty = true;
     const long failures = ForEachAllocation([&] {
         const std::string native = files::NativePath(written);
         isRightOrEmpty = isRightOrEmpty && (native.empty() || native == right);
     });
-    EXPECT_GT(failures, 5);
+    EXPECT_GT(failures, 2);
     EXPECT_TRUE(isRightOrEmpty);
 }
 
@@ -48,8 +50,8 @@ TEST_P(FilesMemory, AFileIsFoundOrNot)
 
 TEST_P(FilesMemory, TheTemporaryFolderIsWholeOrEmpty)
 {
-    const std::string chosen = m_folder.MakeFolder("The Folder With A Name That Is Long").string();
-    const Environment variable("TMPDIR", chosen.c_str());
+    const std::string chosen = Utf8(m_folder.MakeFolder("The Folder With A Name That Is Long"));
+    const Environment variable(harness::temporaryFolderVariable, chosen.c_str());
     const UtCString whole = UtGetTempDir();
     bool isWholeOrEmpty = true;
     ForEachAllocation([&] {
@@ -64,8 +66,8 @@ TEST_P(FilesMemory, ACopyIsWholeOrFails)
     m_folder.MakeFile("from/deep/The File With A Name That Is Long", "content");
     const UtCString from = Written(m_folder / "from");
     const UtCString to = Written(m_folder / "to");
-    const std::string copied = (m_folder / "to/deep/The File With A Name That Is Long").string();
-    const std::string target = (m_folder / "to").string();
+    const fs::path copied = m_folder / "to/deep/The File With A Name That Is Long";
+    const fs::path target = m_folder / "to";
     bool isWholeOrFailed = true;
     const long failures = ForEachAllocation([&] {
         const bool isCopied = UtCopyDirectory(from, to) == 0;

@@ -1,41 +1,40 @@
 #include "files/UtFile.h"
 
-#include "files/NativePath.h"
+#include "harness/System.h"
 #include "unit/Environment.h"
 #include "unit/support_files/TestFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
 namespace {
 
 using namespace std::string_view_literals;
 
-TEST(UtIsFile, TellsFilesFromEverythingElse)
+TEST(UtIsFile, TellsFilesFromFolders)
 {
     const TestFolder folder;
     folder.MakeFile("file");
     folder.MakeFolder("folder");
-    std::filesystem::create_symlink("file", folder / "link-to-file");
-    std::filesystem::create_symlink("folder", folder / "link-to-folder");
-    std::filesystem::create_symlink("nowhere", folder / "link-to-nothing");
-    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     const struct
     {
         const char* name;
         bool isFile, isFolder;
-    } rows[] = {{"file", true, false},         {"FILE", true, false},
-                {"folder", false, true},       {"Folder", false, true},
-                {"folder/", false, true},      {"file/", false, false},
-                {"link-to-file", true, false}, {"link-to-folder", false, true},
-                {"pipe", false, false},        {"link-to-nothing", false, false},
-                {"nothing", false, false},     {"nothing/file", false, false},
-                {"file/file", false, false},   {"folder/../file", true, false}};
+    } rows[] = {{"file", true, false},          {"FILE", true, false},          {"folder", false, true},
+                {"Folder", false, true},        {"folder/", false, true},       {"file/", false, false},
+                {"nothing", false, false},      {"nothing/file", false, false}, {"file/file", false, false},
+                {"folder/../file", true, false}};
     for (const auto& row : rows) {
         EXPECT_EQ(UtIsFile(Written(folder / row.name)) != 0, row.isFile) << row.name;
         EXPECT_EQ(UtIsDir(Written(folder / row.name)) != 0, row.isFolder) << row.name;
     }
+}
+
+TEST(UtIsFile, TakesAPathOfEveryEncoding)
+{
+    const TestFolder folder;
+    const UtCString path = Written(folder.MakeFile("M\xC3\xBCller"));
+    for (const eUtEncodingType encoding : {UT_ENCODING_DEFAULT, UT_ENCODING_UTF8, UT_ENCODING_UTF16_LE})
+        EXPECT_NE(UtIsFile(UtCString(path, encoding)), 0) << encoding;
 }
 
 TEST(UtIsFile, FindsNothingAtAnImpossiblePath)
@@ -53,25 +52,18 @@ TEST(UtIsDir, KnowsTheRoot)
     EXPECT_NE(UtIsDir(Ansi("/"sv)), 0);
 }
 
-TEST(UtGetTempDir, EndsWithABackslash)
-{
-    const Environment variable("TMPDIR", nullptr);
-    EXPECT_EQ(UtGetTempDir().View(), "\\tmp\\");
-    EXPECT_NE(UtIsDir(UtGetTempDir()), 0);
-}
-
 TEST(UtGetTempDir, FollowsTheUsersChoice)
 {
     const TestFolder folder;
-    const Environment variable("TMPDIR", folder.Path().c_str());
-    EXPECT_EQ(files::NativePath(UtGetTempDir()), folder.Path().string() + "/");
+    const Environment variable(harness::temporaryFolderVariable, Utf8(folder.Path()).c_str());
+    EXPECT_EQ(UtGetTempDir(), Written(folder / ""));
 }
 
 TEST(UtGetTempDir, WritesOneBackslashWhenTheChoiceEndsWithASlash)
 {
     const TestFolder folder;
-    const Environment variable("TMPDIR", (folder.Path().string() + "/").c_str());
-    EXPECT_EQ(files::NativePath(UtGetTempDir()), folder.Path().string() + "/");
+    const Environment variable(harness::temporaryFolderVariable, Utf8(folder / "").c_str());
+    EXPECT_EQ(UtGetTempDir(), Written(folder / ""));
 }
 
 TEST(UtGetTempDir, IsInUtf8OnlyWhereTheDefaultEncodingCannotWriteIt)
@@ -84,10 +76,10 @@ TEST(UtGetTempDir, IsInUtf8OnlyWhereTheDefaultEncodingCannotWriteIt)
     } rows[] = {
         {"plain", UT_ENCODING_DEFAULT}, {"M\xC3\xBCller", UT_ENCODING_DEFAULT}, {"\xCE\xB1\xCE\xB2", UT_ENCODING_UTF8}};
     for (const auto& row : rows) {
-        const std::string chosen = folder.MakeFolder(row.name).string();
-        const Environment variable("TMPDIR", chosen.c_str());
+        const std::string chosen = Utf8(folder.MakeFolder(row.name));
+        const Environment variable(harness::temporaryFolderVariable, chosen.c_str());
         EXPECT_EQ(UtGetTempDir().GetEncodingType(), row.encoding) << row.name;
-        EXPECT_EQ(files::NativePath(UtGetTempDir()), chosen + "/") << row.name;
+        EXPECT_EQ(UtGetTempDir(), Written(folder / row.name / "")) << row.name;
     }
 }
 

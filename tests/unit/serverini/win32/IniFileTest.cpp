@@ -12,11 +12,6 @@ const IniFileCase wineCases[] = {
     {"SectionEndsAtTheLastBracket", "[SQL-Server] ; our server ]\nPort=3306\n"sv, "default"},
     {"LineWithoutEqualsSignHidesTheEntry", "[SQL-Server]\nPort\nPort=2\n"sv, "default"},
     {"Utf8MarkIsKnown", "\xEF\xBB\xBF[SQL-Server]\nPort=3306\n"sv, "3306"},
-    {"Utf16CutInsideAUnitIsReadOn",
-     "\xFF\xFE[\0S\0Q\0L\0-\0S\0e\0r\0v\0e\0r\0]\0\n\0P\0o\0r\0t\0=\0"
-     "3\0"
-     "4"sv,
-     "34"},
     {"Utf16BecomesTheNearestLetters",
      "\xFF\xFE[\0S\0Q\0L\0-\0S\0e\0r\0v\0e\0r\0]\0\n\0P\0o\0r\0t\0=\0\xE4\x00\xAC\x20\x54\x01\x14\x20\xFF\x00\xA0\x00x\0\n\0"sv,
      "\xE4\x80R\x97\xFF\xA0x"},

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
 #include <thread>
 
@@ -18,6 +19,7 @@ public:
     explicit Person(int button) : m_button(button), m_thread([this] { Answer(); }) {}
     ~Person()
     {
+        m_isOver = true;
         if (m_thread.joinable())
             m_thread.join();
     }
@@ -27,6 +29,7 @@ public:
     /// What the box said. Waits for the answer.
     std::wstring Text()
     {
+        m_isOver = true;
         m_thread.join();
         return m_text;
     }
@@ -35,7 +38,7 @@ private:
     void Answer()
     {
         HWND box = nullptr;
-        for (int attempt = 0; attempt < 500 && !box; ++attempt) {
+        while (!box && !m_isOver) {
             Sleep(20);
             box = FindWindowW(L"#32770", L"unit_support_platform");
         }
@@ -46,6 +49,7 @@ private:
     }
 
     const int m_button;
+    std::atomic<bool> m_isOver = false; ///< there is nothing to answer any more
     std::wstring m_text;
     std::thread m_thread;
 };

@@ -31,10 +31,10 @@ TEST(TempDirectoryOfWindows, IsAFolderOfTheUserWithoutAChoice)
 TEST(TempDirectoryOfWindows, IsInUtf8)
 {
     const NewFolder folder;
-    const std::filesystem::path umlaut = folder / "M\xC3\xBCller \xCE\xB1";
-    std::filesystem::create_directory(umlaut);
-    ASSERT_NE(_wputenv_s(L"TMP", umlaut.c_str()), 1);
-    EXPECT_EQ(platform::TempDirectory(), Utf8(umlaut) + "\\");
+    const std::string umlaut = Utf8(folder / "M\xC3\xBCller \xCE\xB1");
+    std::filesystem::create_directory(folder / "M\xC3\xBCller \xCE\xB1");
+    const Environment variable("TMP", umlaut.c_str());
+    EXPECT_EQ(platform::TempDirectory(), umlaut + "\\");
 }
 
 } // namespace

@@ -80,7 +80,8 @@ TEST_F(ZoneTime, FailsWithMinusOne)
 {
     const CalendarFields rows[] = {{INT_MAX, INT_MAX, 1, 0, 0, 0}, {INT_MIN, 1, 1, 0, 0, 0},
                                    {2024, INT_MIN, 1, 0, 0, 0},    {1600, 12, 31, 0, 0, 0},
-                                   {30828, 1, 1, 0, 0, 0},         {1970, 1, INT_MIN, 0, 0, 0}};
+                                   {30828, 1, 1, 0, 0, 0},         {1970, 1, INT_MIN, 0, 0, 0},
+                                   {-60000, 1, 1, 0, 0, 0},        {67560, 1, 1, 0, 0, 0}};
     for (const CalendarFields& fields : rows)
         for (const DaylightSaving daylightSaving : {DaylightSaving::off, DaylightSaving::decidedBySystem})
             EXPECT_EQ(platform::SecondsFromZoneTime(&m_universal, fields, daylightSaving), -1) << fields.year;
