@@ -103,6 +103,26 @@ prepare() { # prepare SCRIPT
     fi
 }
 
+# What the library answers on Windows has to be what it answers here, byte for byte.
+compare_systems() {
+    local from=$SECONDS result name log=$results/same_answers.log
+    say "Comparing the answers of both systems"
+    if ! { cmake --preset dev && cmake --build --preset dev --target same_answers; } >"$log" 2>&1; then
+        tail -n 40 "$log"
+        record failed "both systems: same_answers builds"
+        return
+    fi
+    tests/differential/compare.sh build/dev/tests/same_answers build/windows/bin/same_answers.exe >"$log" 2>&1
+    sed 's/^/    /' "$log"
+    while read -r result name _; do
+        case $result in
+        same) record passed "both systems: ${name%:}" ;;
+        different) record failed "both systems: $name" ;;
+        esac
+    done <"$log"
+    printf '    done in %d s\n' $((SECONDS - from))
+}
+
 # One server per prefix for the whole run: each program would start and end its own.
 wine_servers() { # wine_servers OPTION
     local prefix
@@ -120,6 +140,7 @@ test_windows() {
         run_ctest windows -LE tools
         try_build windows-mfc "Cross-building the library for hosts with MFC, with a double of the framework" &&
             run_ctest windows-mfc
+        compare_systems
         wine_servers -k
     fi
     say "The Windows part took $((SECONDS - from)) s"

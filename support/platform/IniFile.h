@@ -30,8 +30,9 @@ struct IniValue
 ///   Windows-1252, with "?" for every unit that has no place there. No other mark is known: that of UTF-8 belongs to
 ///   the first line, which therefore opens no section.
 ///
-/// Gives `defaultValue` (ASCII, cut to 255 bytes) when there is no such entry and when the file cannot be read, is
-/// missing or is no regular file. A key that is there with nothing behind "=" gives the empty text, not the default.
+/// Gives `defaultValue` (ASCII without a blank at its end, cut to 255 bytes) when there is no such entry and when the
+/// file cannot be read, is missing or is no regular file. A key that is there with nothing behind "=" gives the empty
+/// text, not the default.
 ///
 /// Reads the file up to the entry and never fails otherwise. Windows' own reader takes no path of more than 259
 /// characters, and differs where docs/porting.md says so.

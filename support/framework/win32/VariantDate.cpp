@@ -1,5 +1,6 @@
 #include "framework/VariantDate.h"
 
+#include "framework/OleDate.h"
 #include "framework/Variant.h"
 
 #include <oleauto.h>
@@ -13,6 +14,9 @@ bool framework::VariantToOleDate(const VARIANT& value, DATE& date) noexcept
     VARIANT converted;
     VariantInit(&converted);
     if (FAILED(VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, VT_DATE)))
+        return false;
+    framework::DayAndSecond ignored; // the system takes a currency amount of any size
+    if (!framework::SplitOleDate(converted.date, ignored))
         return false;
     date = converted.date;
     return true;

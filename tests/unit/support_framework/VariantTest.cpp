@@ -86,6 +86,7 @@ TEST(VariantToOleDate, RefusesNumbersOutsideTheYears100To9999)
     } rows[] = {
         {"too small", Convert(VT_I4, [](VARIANT& v) { v.lVal = -657435; })},
         {"too large", Convert(VT_I4, [](VARIANT& v) { v.lVal = 2958466; })},
+        {"too large an amount", Convert(VT_CY, [](VARIANT& v) { v.cyVal.int64 = 29584660000; })},
         {"smallest", Convert(VT_I8, [](VARIANT& v) { v.llVal = std::numeric_limits<int64_t>::min(); })},
         {"largest", Convert(VT_UI8, [](VARIANT& v) { v.ullVal = std::numeric_limits<uint64_t>::max(); })},
         {"largest 32 bits", Convert(VT_UI4, [](VARIANT& v) { v.ulVal = 0xFFFFFFFF; })},
