@@ -103,7 +103,7 @@ TEST(VariantToOleDate, RefusesOtherTypes)
 {
     constexpr int byReference = 0x4000;
     constexpr int array = 0x2000;
-    for (const int type : {int{VT_NULL}, int{VT_ERROR}, 9, 12, 13, 14, 15, 36, 9999, 0xFFFF, byReference | VT_DATE,
+    for (const int type : {int{VT_NULL}, int{VT_ERROR}, 9, 12, 13, 15, 36, 9999, 0xFFFF, byReference | VT_DATE,
                            byReference | VT_I4, array | VT_DATE}) {
         const Result result = Convert(static_cast<VARTYPE>(type));
         EXPECT_FALSE(result.isConverted) << type;
