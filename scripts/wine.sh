@@ -2,6 +2,7 @@
 # Runs a Windows program under Wine: wine.sh PROGRAM ARGUMENT...
 #
 #   MYDB_WINE_LOCALE=de_DE   the user's locale, one of those that scripts/wine-prefix.sh makes; en_US without it
+#   TZ=UTC                   the zone that it takes for the system's; without it one with daylight saving
 #
 # Its output passes through a file: Wine's background processes keep the output open, and whoever reads it until its end
 # would wait for them. Standard input is empty.
@@ -15,6 +16,7 @@ export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree
 cache=$(cd "$scripts/.." && pwd)/.cache
 locale=${MYDB_WINE_LOCALE:-en_US}
 export WINEPREFIX=${WINEPREFIX:-$cache/wine/$locale}
+export TZ=${TZ:-CET-1CEST,M3.5.0,M10.5.0/3}
 wine=/usr/lib/wine/wine64
 
 MYDB_TEST_WINE_CHILD=$scripts/wine-child.sh

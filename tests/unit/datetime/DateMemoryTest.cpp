@@ -1,5 +1,4 @@
 #include "harness/FailingAllocations.h"
-#include "unit/VariantText.h"
 #include "unit/datetime/DateTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -48,19 +47,6 @@ TEST_P(DateMemory, ATextIsWholeOrEmpty)
             isConsistent = isConsistent && (text.IsEmpty() || text == locale || text == "05.03.2024  14:07:09" ||
                                             text == "2024-03-05 14:07:09");
         });
-    EXPECT_TRUE(isConsistent);
-}
-
-TEST_P(DateMemory, AVariantTextIsADateOrInvalid)
-{
-    const VariantText variant(u"                       2024-03-05 14:07:09");
-    bool isConsistent = true;
-    const long failures = ForEachAllocation([&] {
-        const CDateTime date(variant);
-        isConsistent = isConsistent && (date.GetDateValue() == 20240305 ||
-                                        (date.GetStatus() == CDateTime::invalid && date.GetValue() == 0));
-    });
-    EXPECT_GT(failures, 3);
     EXPECT_TRUE(isConsistent);
 }
 

@@ -31,8 +31,6 @@ inline const std::string shownNull = "-1 -1 -1 -1 -1 -1 (2)";
 inline const std::string shownInvalid = "-1 -1 -1 -1 -1 -1 (1)";
 
 /// Central European time by rule, so that the test needs no time zone files.
-inline constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
-
 inline std::string Text(const UtCString& text)
 {
     return std::string(text.View());

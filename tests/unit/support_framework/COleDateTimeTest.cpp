@@ -1,7 +1,7 @@
 #include "framework/COleDateTime.h"
 #include "framework/Variant.h"
 
-#include "unit/Environment.h"
+#include "unit/CentralEuropeanTime.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,6 @@ namespace {
 
 static_assert(sizeof(COleDateTime) == 16);
 static_assert(offsetof(COleDateTime, m_dt) == 0 && offsetof(COleDateTime, m_status) == 8);
-
-constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
 
 void Expect(const COleDateTime& date, double value, COleDateTime::DateTimeStatus status)
 {
@@ -45,7 +43,7 @@ TEST(COleDateTime, IsBuiltFromFields)
 
 TEST(COleDateTime, IsBuiltFromATime)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     EXPECT_EQ(static_cast<DATE>(COleDateTime(1720000000LL)), static_cast<DATE>(COleDateTime(2024, 7, 3, 11, 46, 40)));
     EXPECT_EQ(COleDateTime(CTime(1720000000)).GetHour(), 11);
     Expect(COleDateTime(LLONG_MAX), 0.0, COleDateTime::invalid);

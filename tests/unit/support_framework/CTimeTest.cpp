@@ -1,14 +1,12 @@
 #include "framework/CTime.h"
 
-#include "unit/Environment.h"
+#include "unit/CentralEuropeanTime.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 
 namespace {
-
-constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
 
 TEST(CTime, StartsAtZero)
 {
@@ -24,7 +22,7 @@ TEST(CTime, KeepsAnyNumberOfSeconds)
 
 TEST(CTime, ReadsAndTakesLocalTime)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     const CTime time(2024, 7, 3, 11, 46, 40);
     EXPECT_EQ(time.GetTime(), 1720000000);
     EXPECT_EQ(time.GetYear(), 2024);
@@ -37,7 +35,7 @@ TEST(CTime, ReadsAndTakesLocalTime)
 
 TEST(CTime, HeedsTheCallersDaylightSaving)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     EXPECT_EQ(CTime(2024, 10, 27, 2, 30, 0, 1).GetTime(), 1729989000);
     EXPECT_EQ(CTime(2024, 10, 27, 2, 30, 0, 0).GetTime(), 1729992600);
     EXPECT_EQ(CTime(2024, 7, 3, 11, 46, 40, -1).GetTime(), 1720000000);

@@ -1,4 +1,4 @@
-#include "unit/Environment.h"
+#include "unit/CentralEuropeanTime.h"
 #include "unit/support_platform/BerlinTimes.h"
 
 #include <climits>
@@ -9,7 +9,6 @@ namespace {
 using platform::CalendarFields;
 using platform::DaylightSaving;
 
-constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
 constexpr CalendarFields untouched = {1, 2, 3, 4, 5, 6};
 
 TEST(CurrentTime, AgreesWithTheSystem)
@@ -22,7 +21,7 @@ TEST(CurrentTime, AgreesWithTheSystem)
 
 TEST(LocalTimeFromSeconds, BreaksDownInTheLocalZone)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     ExpectBrokenDownInBerlin(platform::LocalTimeFromSeconds);
 }
 
@@ -37,7 +36,7 @@ TEST(LocalTimeFromSeconds, FailsForAYearThatAnIntCannotHold)
 
 TEST(SecondsFromLocalTime, ReadsLocalFields)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     ExpectReadInBerlin(platform::SecondsFromLocalTime);
     EXPECT_EQ(platform::SecondsFromLocalTime({INT_MAX, 1, 1, 0, 0, 0}, DaylightSaving::decidedBySystem),
               67767976201993200);

@@ -1,12 +1,13 @@
+#include "unit/CentralEuropeanTime.h"
 #include "unit/datetime/DateTestSupport.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-TEST(CDateTimeInTheZoneOfThePosixEnvironment, BreaksSecondsDownInLocalTime)
+TEST(CDateTimeInCentralEurope, BreaksSecondsDownInLocalTime)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     EXPECT_EQ(Shown(CDateTime(0LL)), "1970-01-01 01:00:00 (0)");
     EXPECT_EQ(Shown(CDateTime(-1LL)), "1970-01-01 00:59:59 (0)");
     EXPECT_EQ(Shown(CDateTime(-3601LL)), "1969-12-31 23:59:59 (0)");
@@ -16,9 +17,9 @@ TEST(CDateTimeInTheZoneOfThePosixEnvironment, BreaksSecondsDownInLocalTime)
     EXPECT_EQ(Shown(CDateTime(CTime(1720000000))), "2024-07-03 11:46:40 (0)");
 }
 
-TEST(CDateTimeInTheZoneOfThePosixEnvironment, GivesTheTimeInSecondsFrom1970To2038)
+TEST(CDateTimeInCentralEurope, GivesTheTimeInSecondsFrom1970To2038)
 {
-    const Environment zone("TZ", centralEurope);
+    const CentralEuropeanTime zone;
     const struct
     {
         CDateTime date;
