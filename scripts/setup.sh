@@ -6,7 +6,7 @@ repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build libmariadb-dev)
 server_packages=(mariadb-server-core mariadb-client-core tzdata)
 test_packages=(libgtest-dev locales pkg-config python3 clang-14 libclang-rt-14-dev clang-format-14)
-windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 googletest locales fonts-wine xvfb imagemagick)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 googletest libgtest-dev locales fonts-wine xvfb imagemagick)
 coverage_packages=(gcovr)
 
 say() { printf '==> %s\n' "$*"; }

@@ -117,7 +117,7 @@ compare_systems() {
     while read -r result name _; do
         case $result in
         same) record passed "both systems: ${name%:}" ;;
-        different) record failed "both systems: $name" ;;
+        different) record failed "both systems: ${name%:}" ;;
         esac
     done <"$log"
     printf '    done in %d s\n' $((SECONDS - from))
