@@ -121,13 +121,6 @@ const Schema schemas[] = {
      {"CREATE TABLE t (a INT NOT NULL DEFAULT 7 COMMENT 'it''s \"so\"', b TIMESTAMP DEFAULT CURRENT_TIMESTAMP ON UPDATE"
       " CURRENT_TIMESTAMP, c VARCHAR(10) DEFAULT '\xC3\xBC', CHECK (a > 0)) COMMENT='\xE2\x82\xAC'",
       "INSERT INTO t (a) VALUES (1), (2)"}},
-    {"UmlautsInNames",
-     {"CREATE TABLE gr\xC3\xB6\xC3\x9F"
-      "e (stra\xC3\x9F"
-      "e VARCHAR(10), KEY `\xC3\xBC` (stra\xC3\x9F"
-      "e))",
-      "INSERT INTO gr\xC3\xB6\xC3\x9F"
-      "e VALUES ('x')"}},
     {"WideTable",
      [] {
          std::string columns;
