@@ -195,6 +195,19 @@ int STDCALL mysql_options(MYSQL* handle, mysql_option option, const void* argume
     return 0;
 }
 
+// Not recorded: it sends nothing. A test finds the functions in the handle.
+void STDCALL mysql_set_local_infile_handler(MYSQL* handle, int (*open)(void**, const char*, void*),
+                                            int (*read)(void*, char*, unsigned int), void (*close)(void*),
+                                            int (*error)(void*, char*, unsigned int), void* userData)
+{
+    State::Get().Handle("mysql_set_local_infile_handler", handle);
+    handle->options.local_infile_init = open;
+    handle->options.local_infile_read = read;
+    handle->options.local_infile_end = close;
+    handle->options.local_infile_error = error;
+    handle->options.local_infile_userdata = userData;
+}
+
 MYSQL* STDCALL mysql_real_connect(MYSQL* handle, const char* host, const char* user, const char* password,
                                   const char* database, unsigned int port, const char* socket, unsigned long flags)
 {

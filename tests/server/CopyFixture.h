@@ -12,6 +12,7 @@
 #include "harness/TemporaryFolder.h"
 #include "metadata/FieldCache.h"
 #include "unit/Environment.h"
+#include "unit/NewFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,7 @@ public:
                               const char* charset)
     {
         CMyServer server = server_test::SettingsOf(access, charset);
-        server.SetDataDir(UtCString(data.string(), UT_ENCODING_UTF8).replace("/", "\\"));
+        server.SetDataDir(UtCString(Utf8(data), UT_ENCODING_UTF8).replace("/", "\\"));
         return server;
     }
 

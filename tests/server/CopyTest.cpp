@@ -121,6 +121,16 @@ const Schema schemas[] = {
      {"CREATE TABLE t (a INT NOT NULL DEFAULT 7 COMMENT 'it''s \"so\"', b TIMESTAMP DEFAULT CURRENT_TIMESTAMP ON UPDATE"
       " CURRENT_TIMESTAMP, c VARCHAR(10) DEFAULT '\xC3\xBC', CHECK (a > 0)) COMMENT='\xE2\x82\xAC'",
       "INSERT INTO t (a) VALUES (1), (2)"}},
+    {"UmlautsInNames",
+     {"CREATE TABLE gr\xC3\xB6\xC3\x9F"
+      "e (stra\xC3\x9F"
+      "e VARCHAR(10), KEY `\xC3\xBC` (stra\xC3\x9F"
+      "e))",
+      "INSERT INTO gr\xC3\xB6\xC3\x9F"
+      "e VALUES ('x')"}},
+    {"NamesInOtherScripts",
+     {"CREATE TABLE `\xE6\x97\xA5\xE6\x9C\xAC` (a INT)", "INSERT INTO `\xE6\x97\xA5\xE6\x9C\xAC` VALUES (1)",
+      "CREATE TABLE `\xCE\xB3\xCE\xB5\xCE\xB9\xCE\xAC` (a INT)"}},
     {"WideTable",
      [] {
          std::string columns;
@@ -199,6 +209,15 @@ TEST_F(CopyDatabase, CarriesTheFilesBesideTheTables)
     job.sql.Run("CREATE TABLE a (x INT)");
     ASSERT_TRUE(job.Copy());
     EXPECT_TRUE(std::filesystem::exists(m_folder.Path() / "two" / "DBS" / "mydb_to" / "notes.txt"));
+}
+
+TEST_F(CopyDatabase, WorksWhereTheFolderForTemporaryFilesHasUmlautsInItsName)
+{
+    CopyJob job(Access(), m_folder.Path() / u8"J\u00F6rg");
+    job.sql.Run("CREATE TABLE a (x INT)");
+    job.sql.Run("INSERT INTO a VALUES (1), (2)");
+    ASSERT_TRUE(job.Copy()) << job.target.GetErrorMessage().string();
+    EXPECT_EQ(job.Checksums("mydb_to"), job.Checksums("mydb_from"));
 }
 
 TEST_F(CopyDatabase, LeavesTheTargetInTheNewDatabase)

@@ -2,9 +2,12 @@
 #include "harness/GeneralLog.h"
 #include "harness/MessageRecorder.h"
 #include "harness/PrivateServer.h"
+#include "harness/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <fstream>
 #include <thread>
 
 namespace {
@@ -311,6 +314,34 @@ TEST_F(Query, RunsOnANewSessionWhenTheIdleConnectionWasKilled)
     EXPECT_EQ(Run("INSERT INTO t VALUES (1, 'x')"), 1L) << Message();
     EXPECT_EQ(m_database.GetErrorCode(), 0UL);
     EXPECT_EQ(m_temporary.Sql().Text("SELECT COUNT(*) FROM t"), "1");
+}
+
+std::string LoadFrom(const std::filesystem::path& file)
+{
+    return "LOAD DATA LOCAL INFILE '" + file.generic_string() + "' INTO TABLE t FIELDS TERMINATED BY ','";
+}
+
+TEST_F(Query, LoadsALocalFile)
+{
+    const harness::TemporaryFolder folder;
+    const std::filesystem::path file = folder.Path() / "rows";
+    std::ofstream rows(file, std::ios::binary);
+    for (int i = 1; i <= 10000; ++i)
+        rows << i << ",x\n";
+    rows.close();
+    EXPECT_EQ(Run(LoadFrom(file)), 10000);
+    EXPECT_EQ(m_temporary.Sql().Text("SELECT SUM(a) FROM t"), "50005000");
+}
+
+TEST_F(Query, FailsForALocalFileThatIsMissingOrAFolderAndWorksOn)
+{
+    const harness::TemporaryFolder folder;
+    EXPECT_EQ(Run(LoadFrom(folder.Path() / "missing")), -1);
+    EXPECT_EQ(m_database.GetErrorCode(), static_cast<unsigned long>(ENOENT));
+    EXPECT_NE(Message().find("missing' not found (Errcode: 2)"), std::string::npos) << Message();
+    EXPECT_EQ(Run(LoadFrom(folder.Path())), -1);
+    EXPECT_NE(m_database.GetErrorCode(), 0UL);
+    EXPECT_EQ(Run("INSERT INTO t VALUES (1, 'x')"), 1) << Message();
 }
 
 TEST_F(Query, FailsWhenTheRowsToDropAreCutByAKill)
