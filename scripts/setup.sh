@@ -6,17 +6,23 @@ repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build libmariadb-dev)
 server_packages=(mariadb-server-core mariadb-client-core tzdata)
 test_packages=(libgtest-dev locales pkg-config python3 clang-14 libclang-rt-14-dev clang-format-14)
-windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 googletest libgtest-dev locales fonts-wine xvfb imagemagick)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 googletest libgtest-dev locales python3 fonts-wine xvfb imagemagick)
 coverage_packages=(gcovr)
 
 say() { printf '==> %s\n' "$*"; }
 
-fail() {
+# For a step: its output is shown when it fails, and not when it ends the script.
+complain() {
     printf 'error: %s\n' "$*" >&2
-    exit 1
+    return 1
 }
 
-# run_step TITLE COMMAND...: says what is done and how long it took; shows the command's output only when it fails.
+fail() {
+    complain "$*" || exit
+}
+
+# run_step TITLE COMMAND...: says what is done and how long it took; shows the command's output only when it fails. Within
+# the command `set -e` means nothing: what can fail there is followed by "|| return" or "&&".
 run_step() {
     local title=$1 log started=$SECONDS
     shift
@@ -37,7 +43,7 @@ as_root() {
     elif command -v sudo >/dev/null; then
         sudo "$@"
     else
-        fail "root rights are needed for: $*"
+        complain "root rights are needed for: $*"
     fi
 }
 

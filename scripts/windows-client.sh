@@ -10,6 +10,7 @@ source scripts/setup.sh
 
 cache=$repository/.cache/windows-client
 plugins=(CACHING_SHA2_PASSWORD DIALOG MYSQL_CLEAR_PASSWORD SHA256_PASSWORD)
+need_packages "${build_packages[@]}" "${windows_packages[@]}"
 
 recipe() {
     sha256sum <"$repository/scripts/windows-client.sh"
@@ -32,31 +33,29 @@ private_apt() { # private_apt TOOL ARGUMENT...: with the source lists in the wor
 # What the machine calls its Debian archive, as an archive of sources.
 write_source_list() {
     # shellcheck disable=SC2016 # apt replaces the names
-    apt-get indextargets --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' \
-        'Created-By: Packages' 'Origin: Debian' | sort -u >sources.list
-    [ -s sources.list ] || fail "no Debian archive is configured; run apt-get update first"
+    apt-get indextargets --format 'deb-src [signed-by=$(SIGNED_BY)] $(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' 'Origin: Debian' | sed 's/ \[signed-by=\]//' | sort -u >sources.list
+    [ -s sources.list ] || complain "apt knows no Debian archive; run apt-get update first"
 }
 
 # A version can be listed and be missing in the archive; the newest one that is there is taken.
 download_source() {
     local version
-    mkdir -p lists/partial cache/archives/partial
-    write_source_list
-    private_apt apt-get update
+    mkdir -p lists/partial cache/archives/partial && write_source_list && private_apt apt-get update ||
+        return
     for version in $(private_apt apt-cache showsrc mariadb | sed -n 's/^Version: //p' | sort -ruV); do
         if private_apt apt-get source --download-only "mariadb=$version"; then
             printf '%s\n' "$version" >version
             return
         fi
     done
-    fail "no version of the source package mariadb can be downloaded"
+    complain "no version of the source package mariadb can be downloaded"
 }
 
 unpack_source() {
     local archive
-    archive=$(ls mariadb_*.orig.tar.?z)
-    mkdir source
-    tar -xf "$archive" -C source --strip-components=2 --wildcards '*/libmariadb/*'
+    archive=$(ls mariadb_*.orig.tar.?z) && mkdir source &&
+        tar -xf "$archive" -C source --strip-components=2 --wildcards '*/libmariadb/*'
 }
 
 build_library() {
@@ -70,26 +69,26 @@ build_library() {
 
 # Put into its place at the end and at once, so that an interrupted run leaves nothing that looks complete.
 publish() {
-    mkdir -p "$repository/.cache"
-    mv installed/include installed/lib version "$stage/"
-    (cd "$stage" && find include lib version -type f -print0 | sort -z | xargs -0 sha256sum >SHA256SUMS)
-    recipe >"$stage/recipe"
-    rm -rf "$cache"
-    mv "$stage" "$cache"
+    mv installed/include installed/lib version "$stage/" &&
+        (cd "$stage" && find include lib version -type f -print0 | sort -z | xargs -0 sha256sum >SHA256SUMS) &&
+        recipe >"$stage/recipe" && chmod 755 "$stage" && rm -rf "$cache" && mv -T "$stage" "$cache"
 }
 
 make_library() {
-    cd "$work"
-    download_source && unpack_source && build_library && publish
+    cd "$work" && download_source && unpack_source && build_library && publish
 }
 
+mkdir -p "$repository/.cache"
+exec 9>"$cache.lock"
+flock 9
 if is_current; then
     say "Client library for Windows: $(cat "$cache/version"), as built before"
     exit
 fi
 plugins=("${plugins[@]/%/=STATIC}")
-mkdir -p "$repository/.cache"
 work=$(mktemp -d)
-stage=$(mktemp -d "$repository/.cache/stage.XXXXXX")
+stage=$cache.stage
+rm -rf "$stage" # of a run that was killed
+mkdir "$stage"
 trap 'rm -rf "$work" "$stage"' EXIT
 run_step "Cross-building the client library for Windows" make_library

@@ -76,7 +76,7 @@ no_drive() {
 }
 
 end_program() { # end_program FOLDER
-    await 2 "$1/process" "$1/ended" || return
+    await 10 "$1/process" "$1/ended" || return
     [ -e "$1/ended" ] && return
     kill -s KILL "$(cat "$1/process")"
     await 10 "$1/ended"

@@ -2,9 +2,6 @@
 # Makes what Windows programs and locale tests run in: the locales in .cache/locale, and under .cache/wine a Wine prefix
 # for each of them. Does nothing for what is there and made by this recipe and this Wine.
 #
-#   wine-prefix.sh            the locales and their prefixes
-#   wine-prefix.sh --locales  the locales only
-#
 # A prefix as Wine makes it takes 690 MB, copies of its own DLLs. They are replaced by links to the installed ones, which
 # leaves 20 MB; Wine is told never to update such a prefix, because it would write through the links.
 set -euo pipefail
@@ -15,31 +12,33 @@ locales=(de_DE en_US)
 wine=/usr/lib/wine/wine64
 dlls=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows
 cache=$repository/.cache
+need_packages "${windows_packages[@]}"
 
 recipe() {
     sha256sum <"$repository/scripts/wine-prefix.sh"
     dpkg-query -W -f '${Package} ${Version}\n' "$@"
 }
 
-# Both are made aside and put into their place at the end and at once, so that an interrupted run leaves nothing that
+# All are made aside and put into their place at the end and at once, so that an interrupted run leaves nothing that
 # looks complete.
 is_current() { # is_current FOLDER PACKAGE...
-    local folder=$1
+    local folder=$1 locale
     shift
+    for locale in "${locales[@]}"; do
+        [ -e "$folder/$locale/system.reg" ] || [ -e "$folder/$locale.UTF-8/LC_TIME" ] || return
+    done
     [ -f "$folder/recipe" ] && diff -q "$folder/recipe" <(recipe "$@") >/dev/null
 }
 
 publish() { # publish STAGE FOLDER PACKAGE...
     local stage=$1 folder=$2
     shift 2
-    recipe "$@" >"$stage/recipe"
-    rm -rf "$folder"
-    mv "$stage" "$folder"
+    recipe "$@" >"$stage/recipe" && rm -rf "$folder" && mv -T "$stage" "$folder"
 }
 
 make_locales() {
     local locale
-    mkdir "$work/locale"
+    mkdir "$work/locale" || return
     for locale in "${locales[@]}"; do
         localedef --no-archive -i "$locale" -f UTF-8 "$work/locale/$locale.UTF-8" || return
     done
@@ -50,7 +49,10 @@ make_locales() {
 run_in_prefix() { # run_in_prefix PREFIX LOCALE PROGRAM ARGUMENT...
     local prefix=$1 locale=$2
     shift 2
-    env -u DISPLAY WINEPREFIX="$prefix" LC_ALL="$locale.UTF-8" "$wine" "$@" </dev/null 9>&- || return
+    if ! env -u DISPLAY WINEPREFIX="$prefix" LC_ALL="$locale.UTF-8" "$wine" "$@" </dev/null 9>&-; then
+        WINEPREFIX="$prefix" /usr/lib/wine/wineserver -k
+        return 1
+    fi
     WINEPREFIX="$prefix" /usr/lib/wine/wineserver -w
 }
 
@@ -59,7 +61,7 @@ link_dlls() { # link_dlls PREFIX
     while IFS= read -r -d '' file; do
         original=$dlls/${file##*/}
         if cmp -s "$file" "$original"; then
-            ln -sf "$original" "$file"
+            ln -sf "$original" "$file" || return
         fi
     done < <(find "$1/drive_c/windows" -type f -size +8k -print0)
     echo disable >"$1/.update-timestamp"
@@ -71,11 +73,11 @@ make_prefixes() {
     run_in_prefix "$first" en_US wineboot -i || return
     # Windows exist without a display, too: a test answers its message boxes by itself.
     run_in_prefix "$first" en_US reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d x11,null /f || return
-    link_dlls "$first"
+    link_dlls "$first" || return
     rm -f "$first/wineserver" # names the folder of the running server
-    mkdir "$work/wine"
+    mkdir "$work/wine" || return
     for locale in "${locales[@]}"; do
-        cp -a "$first" "$work/wine/$locale"
+        cp -a "$first" "$work/wine/$locale" || return
         run_in_prefix "$work/wine/$locale" "$locale" cmd /c exit || return
     done
     publish "$work/wine" "$cache/wine" wine64 libwine locales
@@ -84,7 +86,9 @@ make_prefixes() {
 mkdir -p "$cache"
 exec 9>"$cache/wine-prefix.lock"
 flock 9
-work=$(mktemp -d "$cache/stage.XXXXXX")
+work=$cache/wine-prefix.stage
+rm -rf "$work" # of a run that was killed
+mkdir "$work"
 trap 'rm -rf "$work"' EXIT
 export LOCPATH=$cache/locale WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
 
@@ -93,7 +97,6 @@ if is_current "$cache/locale" locales; then
 else
     run_step "Making the locales ${locales[*]}" make_locales
 fi
-[ "${1-}" = --locales ] && exit
 if is_current "$cache/wine" wine64 libwine locales; then
     say "Wine prefixes: as made before"
 else

@@ -18,6 +18,10 @@ locale=${MYDB_WINE_LOCALE:-en_US}
 export WINEPREFIX=${WINEPREFIX:-$cache/wine/$locale}
 export TZ=${TZ:-CET-1CEST,M3.5.0,M10.5.0/3}
 wine=/usr/lib/wine/wine64
+if ! [ -O "$WINEPREFIX" ]; then
+    echo "wine.sh: $WINEPREFIX is not there, or another user's; scripts/wine-prefix.sh makes it" >&2
+    exit 1
+fi
 
 MYDB_TEST_WINE_CHILD=$scripts/wine-child.sh
 MYDB_TEST_RUN_FOLDER=$(mktemp -d "${TMPDIR:-/tmp}/mydb_wine_XXXXXX") || exit

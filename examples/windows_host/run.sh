@@ -38,6 +38,11 @@ start_screen() {
         [ ! -s "$folder/display" ] || break
         sleep 0.1
     done
+    if ! [ -s "$folder/display" ]; then
+        echo "Xvfb does not start:" >&2
+        cat "$folder/xvfb.log" >&2
+        return 1
+    fi
     DISPLAY=:$(cat "$folder/display")
     export DISPLAY
 }

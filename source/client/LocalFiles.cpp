@@ -6,7 +6,8 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <new>
+#include <memory>
+#include <string>
 
 namespace client {
 namespace {
@@ -14,35 +15,38 @@ namespace {
 /// A file on its way to the server, from the opening to the end; also when it could not be opened.
 struct LocalFile
 {
-    const char* name; ///< the client's, which outlives this
+    std::string name; // a copy: the client's stands where it puts what it sends
     std::FILE* file;
     int error;
 };
 
 // The four functions below are called by the client, in this order, for one file at a time.
 
-int Open(void** state, const char* name, void*)
-{
-    auto* const local = new (std::nothrow) LocalFile{name, nullptr, 0};
-    *state = local;
-    if (local == nullptr)
-        return 1;
+int Open(void** state, const char* name, void*) noexcept
+try {
+    *state = nullptr;
+    auto local = std::make_unique<LocalFile>(LocalFile{name, nullptr, 0});
     local->file = platform::OpenInputFile(name);
-    local->error = local->file == nullptr ? errno : 0;
-    return local->file == nullptr ? 1 : 0;
+    local->error = errno;
+    const bool isOpen = local->file != nullptr;
+    *state = local.release();
+    return isOpen ? 0 : 1;
+} catch (...) {
+    return 1;
 }
 
-int Read(void* state, char* buffer, unsigned int size)
+int Read(void* state, char* buffer, unsigned int size) noexcept
 {
     auto* const local = static_cast<LocalFile*>(state);
+    errno = 0;
     const size_t count = std::fread(buffer, 1, size, local->file);
     if (count > 0 || std::ferror(local->file) == 0)
         return static_cast<int>(count);
-    local->error = errno;
+    local->error = errno != 0 ? errno : EIO;
     return -1;
 }
 
-int Error(void* state, char* text, unsigned int size)
+int Error(void* state, char* text, unsigned int size) noexcept
 {
     const auto* const local = static_cast<const LocalFile*>(state);
     if (local == nullptr) {
@@ -52,11 +56,11 @@ int Error(void* state, char* text, unsigned int size)
     std::snprintf(text, size,
                   local->file == nullptr ? "File '%s' not found (Errcode: %d)"
                                          : "Error reading file '%s' (Errcode: %d)",
-                  local->name, local->error);
+                  local->name.c_str(), local->error);
     return local->error;
 }
 
-void Close(void* state)
+void Close(void* state) noexcept
 {
     auto* const local = static_cast<LocalFile*>(state);
     if (local != nullptr && local->file != nullptr)

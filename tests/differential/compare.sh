@@ -30,7 +30,7 @@ fi
 mkdir -p "$work/linux" "$work/windows"
 while read -r file; do
     name=${file%.txt}
-    if cmp -s "$work/linux/$file" "$work/windows/$file"; then
+    if [ -s "$work/linux/$file" ] && cmp -s "$work/linux/$file" "$work/windows/$file"; then
         printf 'same %s: %d lines\n' "$name" \
             "$(awk -F '\t' '/^===\t/ { sum += $3 } END { print sum }' "$work/linux/$file")"
     else

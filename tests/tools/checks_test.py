@@ -212,6 +212,24 @@ class ChecksTest(unittest.TestCase):
         result = self.check_dll(["_ZN5Shown3GetEv", "_ZTI5Shown", "_ZTISt9bad_alloc"])
         self.assertEqual(0, result.returncode, result.stdout + result.stderr)
 
+    def compare_exports(self, symbols, names):
+        self.check_exports(symbols)
+        self.check_dll(names)
+        return subprocess.run([sys.executable, str(TOOLS / "check_exports"), "--nm", str(self.root / "nm"), "--dll",
+                               str(self.root / "objdump"), "c++filt", "--same-as", "dll", "library"],
+                              capture_output=True, text=True, check=False)
+
+    def test_the_same_members_in_both_libraries_pass(self):
+        result = self.compare_exports(["T Shown::Get(unsigned long) const", "W Shown::Twice()", "V vtable for Shown",
+                                       "T Shown::Inner::operator()(int) const"], ["_ZNK5Shown3GetEy", "_ZTV5Shown"])
+        self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+
+    def test_a_member_that_one_library_lacks_fails(self):
+        result = self.compare_exports(["T Shown::Get()", "T Shown::Set(int)"], ["_ZN5Shown3GetEv", "_ZN5Shown3PutEv"])
+        self.assertEqual(1, result.returncode)
+        self.assertIn("not in the DLL: Shown::Set", result.stdout)
+        self.assertIn("not in the shared library: Shown::Put", result.stdout)
+
     def test_a_name_of_a_dll_that_is_not_listed_fails(self):
         self.assertIn("not in the list: mysql_init", self.check_dll(["_ZN5Shown3GetEv", "mysql_init"]).stdout)
 
@@ -262,6 +280,26 @@ class ChecksTest(unittest.TestCase):
 
     def test_a_run_without_any_test_fails(self):
         self.assertEqual((1, "0 passed, 0 failed"), self.count("")[:2])
+
+    def counted(self, ctest, files=()):
+        self.write("results/dev/ctest.xml", f"<testsuite>{ctest}</testsuite>")
+        for name in files:
+            self.write(f"results/dev/gtest/{name}.xml", f"<testsuites><testsuite>{self.GOOD}</testsuite></testsuites>")
+        return subprocess.run([sys.executable, str(TOOLS / "count_results"), str(self.root / "results")],
+                              capture_output=True, text=True, check=False).stdout.splitlines()
+
+    def test_a_ctest_without_tests_counts_as_failed(self):
+        self.write("results/other.txt", "passed dev: builds without a warning\n")
+        self.assertEqual(["failed  dev: no test was run", "1 passed, 1 failed"], self.counted(""))
+
+    def test_a_program_without_its_results_counts_as_failed(self):
+        test = "<testcase name='unit_x' status='run'><system-out>[==========] 9 tests ran.</system-out></testcase>"
+        self.assertEqual(["failed  dev: unit_x left no results", "0 passed, 1 failed"], self.counted(test))
+
+    def test_results_without_their_test_count_as_failed(self):
+        test = "<testcase name='unit_x' status='run'/>"
+        self.assertEqual(["failed  dev: unit_y.xml belongs to no test", "2 passed, 1 failed"],
+                         self.counted(test, ["unit_x", "unit_y"]))
 
 
 if __name__ == "__main__":

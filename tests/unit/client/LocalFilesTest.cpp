@@ -90,16 +90,16 @@ TEST_F(LocalFiles, FailWithoutMemory)
 {
     const client::Handle handle = client::NewHandle();
     const std::string name = Path("missing");
-    void* state = this;
     int result = 0;
     char text[512] = "";
     const long failures = harness::ForEachAllocation(true, [&] {
+        void* state = nullptr;
         const int opened = handle->options.local_infile_init(&state, name.c_str(), nullptr);
         if (state == nullptr && opened != 0)
             result = handle->options.local_infile_error(state, text, sizeof text);
         handle->options.local_infile_end(state);
     });
-    EXPECT_EQ(failures, 1);
+    EXPECT_GT(failures, 0);
     EXPECT_EQ(result, CR_OUT_OF_MEMORY);
     EXPECT_STREQ(text, "Client run out of memory");
 }
