@@ -24,9 +24,8 @@ namespace {
 void AssignText(std::string_view bytes, eUtEncodingType source, UtCString& text)
 {
     const eUtEncodingType target = text.GetEncodingType();
-    const bool isWide = target == UT_ENCODING_UTF16_LE || target == UT_ENCODING_UTF16_BE;
     if (source == ResultColumns::unconverted)
-        source = isWide ? UT_ENCODING_DEFAULT : target;
+        source = text::IsUtf16(target) ? UT_ENCODING_DEFAULT : target;
     text.SetMemCopy(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), source);
     if (source != target)
         text.ChangeEncodingType(target);
@@ -34,7 +33,7 @@ void AssignText(std::string_view bytes, eUtEncodingType source, UtCString& text)
 
 bool HoldsDigitsAsBytes(eUtEncodingType encoding)
 {
-    return encoding != UT_ENCODING_UTF16_LE && encoding != UT_ENCODING_UTF16_BE;
+    return !text::IsUtf16(encoding);
 }
 
 bool Parse(std::string_view text, int32_t& number)

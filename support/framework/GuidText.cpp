@@ -39,7 +39,7 @@ _GUID Parse(std::string_view text)
 
 _GUID GuidFromLooseText(const UtCString& text) noexcept
 try {
-    if (text.GetEncodingType() == UT_ENCODING_UTF16_LE || text.GetEncodingType() == UT_ENCODING_UTF16_BE)
+    if (text::IsUtf16(text.GetEncodingType()))
         return Parse(UtCString(text, UT_ENCODING_DEFAULT).View());
     return Parse(text.View());
 } catch (...) {

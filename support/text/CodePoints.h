@@ -140,11 +140,6 @@ template <typename F> decltype(auto) WithCodec(eUtEncodingType encoding, F&& fun
     }
 }
 
-constexpr bool IsUtf16(eUtEncodingType encoding) noexcept
-{
-    return encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
-}
-
 /// Whether texts are converted from and to `encoding`; the bytes of every other encoding are kept as they are.
 constexpr bool IsConvertible(eUtEncodingType encoding) noexcept
 {

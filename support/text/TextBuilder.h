@@ -24,8 +24,7 @@ public:
     void AppendAscii(std::string_view characters) noexcept
     {
         const eUtEncodingType encoding = m_text.GetEncodingType();
-        const bool isWide = encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
-        Append(characters, isWide ? UT_ENCODING_DEFAULT : encoding);
+        Append(characters, text::IsUtf16(encoding) ? UT_ENCODING_DEFAULT : encoding);
     }
     /// Appends a text, converted.
     void AppendText(const UtCString& text) noexcept { Append(text.View(), text.GetEncodingType()); }

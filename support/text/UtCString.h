@@ -61,7 +61,7 @@ public:
     UtCString(const char* text, eUtEncodingType encoding = UT_ENCODING_DEFAULT) noexcept : UtCString(encoding)
     {
         const size_t size = text == nullptr ? 0 : std::strlen(text);
-        if (size > inlineCapacity || encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE) {
+        if (size > inlineCapacity || text::IsUtf16(encoding)) {
             AssignCharText(std::string_view(text, size));
         } else if (size != 0) {
             std::memcpy(m_inline, text, size);

@@ -9,3 +9,12 @@ enum eUtEncodingType : int
     UT_ENCODING_UTF8 = 65001,    ///< UTF-8
     UT_ENCODING_UTF32 = 65535    ///< reported for UTF-32 character sets; a text with this tag is never converted
 };
+
+namespace text {
+
+constexpr bool IsUtf16(eUtEncodingType encoding) noexcept
+{
+    return encoding == UT_ENCODING_UTF16_LE || encoding == UT_ENCODING_UTF16_BE;
+}
+
+} // namespace text
