@@ -33,8 +33,8 @@ private_apt() { # private_apt TOOL ARGUMENT...: with the source lists in the wor
 # What the machine calls its Debian archive, as an archive of sources.
 write_source_list() {
     # shellcheck disable=SC2016 # apt replaces the names
-    apt-get indextargets --format 'deb-src [signed-by=$(SIGNED_BY)] $(REPO_URI) $(RELEASE) $(COMPONENT)' \
-        'Created-By: Packages' 'Origin: Debian' | sed 's/ \[signed-by=\]//' | sort -u >sources.list
+    apt-get indextargets --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' 'Origin: Debian' | sort -u >sources.list
     [ -s sources.list ] || complain "apt knows no Debian archive; run apt-get update first"
 }
 

@@ -23,6 +23,10 @@ if ! [ -O "$WINEPREFIX" ]; then
     exit 1
 fi
 
+# GoogleTest for Windows takes a path without a drive for one in the working folder.
+case ${GTEST_OUTPUT:-} in
+xml:/*) export GTEST_OUTPUT=xml:Z:${GTEST_OUTPUT#xml:} ;;
+esac
 MYDB_TEST_WINE_CHILD=$scripts/wine-child.sh
 MYDB_TEST_RUN_FOLDER=$(mktemp -d "${TMPDIR:-/tmp}/mydb_wine_XXXXXX") || exit
 export MYDB_TEST_WINE_CHILD MYDB_TEST_RUN_FOLDER
