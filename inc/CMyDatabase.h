@@ -249,8 +249,8 @@ public:
     ///
     /// True: the directory is gone, or never was. False: it is not; or one of the connections could not be made, and
     /// nothing is deleted. False, and nothing at all done, for an empty name and for one that is no plain name: one
-    /// with "\", "/", ":" or a zero byte in it or a dot or blank at its end. Nothing outside of the database's
-    /// directory is ever deleted.
+    /// with "\", "/", ":" or a zero byte in it or a dot or blank at its end, and on Windows one that no file can have
+    /// ("nul"). Nothing outside of the database's directory is ever deleted.
     ///
     /// Kept, and each of them loses data or leaves it behind without a word:
     /// - A database that the server does not have cannot be opened, so its directory stays.
@@ -555,10 +555,10 @@ public:
     /// target's server has utf8mb4 as its default, give both connections settings with "utf8mb4", and read the list of
     /// what a copy cannot carry in docs/kept-behaviours.md.
     ///
-    /// False at once, with nothing changed: this database cannot be opened or has no tables; `target` is not open; the
-    /// two name the same database; the target exists (CMyServer::ExistDatabase); the name of a database or table holds
-    /// "\", "/" or ":", or is "." or "..", or that of a database ends in a dot or blank; no memory. Kept: `target` has
-    /// to be open already, in a database that must not exist: create one, open it and drop it over another connection.
+    /// False at once, nothing changed: this database cannot be opened or has no tables; `target` is not open; both name
+    /// the same database; the target exists (ExistDatabase); the name of a database or table is "." or "..", holds "\",
+    /// "/" or ":", or is no file name (Windows: "nul", "a?b"), or that of a database ends in a dot or blank; no memory.
+    /// Kept: `target` must be open, in a database that must not exist: create, open, drop it over another connection.
     ///
     /// False after a failure of any step: the locks are ended, the target is removed (RemoveDatabase, which closes it),
     /// and the temporary files are deleted. GetErrorCode of the two connections is that of their last statement, which

@@ -9,6 +9,7 @@ struct PathRules
 {
     char separator;   ///< between the components
     bool ignoresCase; ///< whether two spellings that differ in letter case name the same file
+    bool limitsNames; ///< whether names have the limits of Windows: see files::IsPlainName and files::IsDeletable
 };
 
 PathRules SystemPathRules() noexcept;

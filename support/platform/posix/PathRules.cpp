@@ -20,7 +20,7 @@ bool IsUsableDirectory(const char* path)
 
 PathRules SystemPathRules() noexcept
 {
-    return {'/', false};
+    return {'/', false, false};
 }
 
 bool IsRootFolder(const std::string& nativePath)

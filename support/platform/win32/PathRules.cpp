@@ -22,7 +22,7 @@ bool TakePrefix(std::wstring& path, std::wstring_view prefix)
 
 PathRules SystemPathRules() noexcept
 {
-    return {'\\', true};
+    return {'\\', true, true};
 }
 
 bool IsRootFolder(const std::string& nativePath)

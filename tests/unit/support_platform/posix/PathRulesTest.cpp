@@ -13,6 +13,7 @@ TEST(SystemPathRules, SeparatesWithSlashesAndHeedsTheCase)
 {
     EXPECT_EQ(platform::SystemPathRules().separator, '/');
     EXPECT_FALSE(platform::SystemPathRules().ignoresCase);
+    EXPECT_FALSE(platform::SystemPathRules().limitsNames);
 }
 
 TEST(TempDirectory, IsWhatTheUserChose)

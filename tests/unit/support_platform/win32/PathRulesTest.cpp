@@ -11,6 +11,7 @@ TEST(SystemPathRulesOfWindows, SeparateWithBackslashesAndIgnoreTheCase)
 {
     EXPECT_EQ(platform::SystemPathRules().separator, '\\');
     EXPECT_TRUE(platform::SystemPathRules().ignoresCase);
+    EXPECT_TRUE(platform::SystemPathRules().limitsNames);
 }
 
 TEST(TempDirectoryOfWindows, IsThatOfTheVariableTmp)
