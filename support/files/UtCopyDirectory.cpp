@@ -3,6 +3,8 @@
 #include "files/UtFile.h"
 #include "platform/CopyFile.h"
 #include "platform/Folder.h"
+#include "platform/PathRules.h"
+#include "text/TextSearch.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -11,6 +13,15 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+bool IsSameName(const fs::path& left, const fs::path& right)
+{
+    const bool ignoresCase = platform::SystemPathRules().ignoresCase;
+    const std::string name = files::NativeText(left);
+    const std::string other = files::NativeText(right);
+    return text::PrefixSize({name, UT_ENCODING_UTF8}, {other, UT_ENCODING_UTF8},
+                            ignoresCase ? text::LetterCase::Ignored : text::LetterCase::Exact) == name.size();
+}
 
 class TreeCopy
 {
@@ -31,7 +42,8 @@ private:
     {
         const fs::path target = fs::weakly_canonical(fs::absolute(m_target));
         const fs::path folder = fs::canonical(source);
-        return std::mismatch(folder.begin(), folder.end(), target.begin(), target.end()).first == folder.end();
+        return std::mismatch(folder.begin(), folder.end(), target.begin(), target.end(), IsSameName).first ==
+               folder.end();
     }
 
     // A source folder that is the target or one of its own parents would be copied without end.

@@ -20,7 +20,8 @@ MYDB_EXPORT UtCString UtGetTempDir() noexcept;
 /// Copies the content of the folder `from` with everything below it into the folder `to`, which is created, with its
 /// parents, where it does not exist.
 ///
-/// A file that the target already has, with exactly the same name, is left as it is. Links are followed: what they name
+/// A file that the target already has, with exactly the same name, is left as it is; on Windows names that differ only
+/// in letter case are the same. Links are followed: what they name
 /// is copied. Pipes, sockets and devices are left out. The permissions of files travel, owners do not.
 /// 0: everything is in the target. 1: `from` is no folder, or the target is the source or lies inside it (then nothing
 /// is created), or links lead in a circle, or something could not be read or written; copying ended there, what had

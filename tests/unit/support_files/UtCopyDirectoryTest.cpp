@@ -67,7 +67,7 @@ TEST(UtCopyDirectory, CreatesNothingWhenTheTargetIsTheSourceOrInsideIt)
 {
     const TestFolder folder;
     folder.MakeFile("from/a");
-    for (const char* const to : {"from", "FROM", "from/", "from/new", "from/new/er", "from/../from"}) {
+    for (const char* const to : {"from", "FROM", "from/", "from/new", "FROM/new", "from/new/er", "from/../from"}) {
         EXPECT_NE(Copy(folder, "from", to), 0) << to;
         EXPECT_EQ(Names(folder / "from"), std::set<std::string>{"a"}) << to;
     }
