@@ -90,11 +90,7 @@ private:
         const fs::file_status existing = fs::symlink_status(target, error);
         if (fs::exists(existing))
             return !fs::is_directory(existing);
-        if (platform::CopyToNewFile(files::NativeText(source), files::NativeText(target)))
-            return true;
-        std::error_code ignored;
-        fs::remove(target, ignored);
-        return false;
+        return platform::CopyToNewFile(files::NativeText(source), files::NativeText(target));
     }
 
     fs::path m_target;
