@@ -3,19 +3,9 @@
 #include "files/NativePath.h"
 #include "files/UtFile.h"
 #include "platform/Folder.h"
-#include "platform/PathRules.h"
-
-#include <filesystem>
-
-namespace fs = std::filesystem;
 
 namespace files {
 namespace {
-
-bool IsDotName(const fs::path& name)
-{
-    return name == "." || name == "..";
-}
 
 bool IsDrive(const std::string& path)
 {
@@ -33,38 +23,28 @@ std::string WithoutTrailingSeparators(std::string nativePath)
 
 bool IsDeletable(const std::string& nativePath)
 {
-    const fs::path path = FileSystemPath(nativePath);
-    return !path.empty() && !IsDrive(nativePath) && !IsDotName(path.filename()) && !platform::IsRootFolder(nativePath);
+    const std::string name = NativeText(FileSystemPath(nativePath).filename());
+    return !nativePath.empty() && !IsDrive(nativePath) && !IsDotName(name, platform::SystemPathRules()) &&
+           !platform::IsRootFolder(nativePath);
+}
+
+bool IsDotName(const std::string& name, const platform::PathRules& rules) noexcept
+{
+    if (name == "." || name == "..")
+        return true;
+    return rules.limitsNames && !name.empty() && name.find_first_not_of(". ") == std::string::npos;
 }
 
 } // namespace files
 
 namespace {
 
-bool IsGone(const fs::path& path)
-{
-    std::error_code error;
-    return fs::symlink_status(path, error).type() == fs::file_type::not_found;
-}
-
-bool RemoveLink(const fs::path& path)
-{
-    std::error_code error;
-    fs::remove(path, error);
-    return IsGone(path);
-}
-
 bool DeleteTree(const std::string& nativePath)
 {
     if (!files::IsDeletable(nativePath))
         return false;
-    const fs::path path = files::FileSystemPath(nativePath);
-    if (IsGone(path))
-        return true;
-    std::error_code error;
-    if (!fs::is_directory(path, error))
-        return false;
-    return fs::is_symlink(fs::symlink_status(path, error)) ? RemoveLink(path) : platform::RemoveFolderTree(nativePath);
+    return platform::IsNothingAt(nativePath) ||
+           (platform::IsFolder(nativePath) && platform::RemoveFolderTree(nativePath));
 }
 
 } // namespace

@@ -32,6 +32,6 @@ MYDB_EXPORT int UtCopyDirectory(const UtCString& from, const UtCString& to) noex
 /// followed, also when the path itself is a link.
 ///
 /// 0: nothing is at the path any more (also when nothing was there). Any other value: something is left, or the path
-/// was refused untouched: an empty path, the root of a file system or drive, a path whose last component is "." or
-/// "..", and anything that is not a folder.
+/// was refused untouched: an empty path, the root of a file system, drive or share, a path whose last component is "."
+/// or ".." (on Windows also one of dots and blanks alone), and anything that is not a folder.
 MYDB_EXPORT int UtDeleteDirectory(const UtCString& path) noexcept;

@@ -15,7 +15,8 @@ struct PathRules
 PathRules SystemPathRules() noexcept;
 
 /// Whether a path of the system names the root of its files, of a drive or of a share, however it is written. A link to
-/// it is none. Throws std::bad_alloc.
+/// it is none. Where Windows does not show how deep a root lies, below "\\?\GLOBALROOT", every path counts as one.
+/// Throws std::bad_alloc.
 bool IsRootFolder(const std::string& nativePath);
 
 /// The user's folder for temporary files as an absolute path of the system, in UTF-8.

@@ -87,6 +87,22 @@ bool ListFolder(const std::string& path, std::vector<std::string>& names)
     return errno == 0;
 }
 
+bool IsNothingAt(const std::string& path)
+{
+    struct stat status
+    {
+    };
+    return !path.empty() && lstat(path.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
+bool IsFolder(const std::string& path)
+{
+    struct stat status
+    {
+    };
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 bool RemoveFolderTree(const std::string& path) noexcept
 {
     return RemoveTree(AT_FDCWD, path.c_str());

@@ -156,6 +156,21 @@ bool ListFolder(const std::string& folder, std::vector<std::string>& names)
     return search.IsComplete();
 }
 
+bool IsNothingAt(const std::string& path)
+{
+    const std::wstring full = LongPath(ToWide(path));
+    if (full.empty() || GetFileAttributesW(full.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return false;
+    constexpr DWORD errors[] = {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME, ERROR_BAD_PATHNAME};
+    return std::count(std::begin(errors), std::end(errors), GetLastError()) > 0;
+}
+
+bool IsFolder(const std::string& path)
+{
+    const DWORD attributes = GetFileAttributesW(LongPath(ToWide(path)).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 bool RemoveFolderTree(const std::string& folder) noexcept
 try {
     return RemoveTree(LongPath(ToWide(folder)));

@@ -4,15 +4,20 @@
 #include "platform/win32/Recode.h"
 #include "platform/win32/WinApi.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace platform {
 
 namespace {
 
+// A prefix is ASCII and in capitals.
 bool TakePrefix(std::wstring& path, std::wstring_view prefix)
 {
-    const bool isThere = path.starts_with(prefix);
+    const bool isThere = path.size() >= prefix.size() &&
+                         std::equal(prefix.begin(), prefix.end(), path.begin(), [](wchar_t wanted, wchar_t given) {
+                             return wanted == (given >= L'a' && given <= L'z' ? given - L'a' + L'A' : given);
+                         });
     if (isThere)
         path.erase(0, prefix.size());
     return isThere;
@@ -28,8 +33,14 @@ PathRules SystemPathRules() noexcept
 bool IsRootFolder(const std::string& nativePath)
 {
     std::wstring path = FullPath(ToWide(nativePath));
-    // In "\\?\C:" the drive stands where a share would.
-    const bool isShare = TakePrefix(path, L"\\\\?\\UNC\\") || TakePrefix(path, L"\\\\");
+    bool isShare = TakePrefix(path, L"\\\\");
+    if (isShare && (TakePrefix(path, L"?\\") || TakePrefix(path, L".\\"))) {
+        while (TakePrefix(path, L"GLOBAL\\"))
+            continue;
+        if (TakePrefix(path, L"GLOBALROOT"))
+            return true;
+        isShare = TakePrefix(path, L"UNC\\");
+    }
     const size_t inner = path.find(L'\\'); // between the server and the share
     return path.find(L'\\', isShare && inner != std::wstring::npos ? inner + 1 : 0) == std::wstring::npos;
 }

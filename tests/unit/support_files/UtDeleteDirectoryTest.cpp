@@ -63,6 +63,22 @@ TEST(UtDeleteDirectory, RefusesDotsBehindAFolder)
     EXPECT_TRUE(fs::exists(folder / "tree/inner/a"));
 }
 
+TEST(IsDotName, IsTwoNamesOnPosixAndAllOfDotsAndBlanksOnWindows)
+{
+    const platform::PathRules windows{'\\', true, true};
+    const platform::PathRules posix{'/', false, false};
+    for (const char* const name : {".", ".."}) {
+        EXPECT_TRUE(files::IsDotName(name, windows)) << name;
+        EXPECT_TRUE(files::IsDotName(name, posix)) << name;
+    }
+    for (const char* const name : {"...", ". ", ".. ", " ", " .", "  "}) {
+        EXPECT_TRUE(files::IsDotName(name, windows)) << name;
+        EXPECT_FALSE(files::IsDotName(name, posix)) << name;
+    }
+    for (const char* const name : {"", "a", ".a", "a.", ". a"})
+        EXPECT_FALSE(files::IsDotName(name, windows)) << name;
+}
+
 TEST(UtDeleteDirectory, RefusesWhatIsNoFolder)
 {
     const TestFolder folder;
