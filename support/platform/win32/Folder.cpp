@@ -20,7 +20,10 @@ class FolderSearch
 {
 public:
     /// `pattern` ends with "*".
-    explicit FolderSearch(const std::wstring& pattern) noexcept : m_search(FindFirstFileW(pattern.c_str(), &m_entry)) {}
+    explicit FolderSearch(const std::wstring& pattern) noexcept
+        : m_search(FindFirstFileW(pattern.c_str(), &m_entry)), m_error(IsOpen() ? ERROR_SUCCESS : GetLastError())
+    {
+    }
     ~FolderSearch()
     {
         if (IsOpen())
@@ -37,7 +40,8 @@ public:
             if (!IsDots(m_entry.cFileName))
                 return m_entry.cFileName;
         }
-        m_error = GetLastError();
+        if (IsOpen())
+            m_error = GetLastError();
         return nullptr;
     }
 
@@ -49,7 +53,7 @@ private:
 
     WIN32_FIND_DATAW m_entry;
     HANDLE m_search;
-    DWORD m_error = 0;
+    DWORD m_error; ///< of the search that did not open or has ended
     bool m_isFirst = true;
 };
 
