@@ -2,6 +2,7 @@
 
 #include "platform/win32/FullPath.h"
 #include "platform/win32/Recode.h"
+#include "platform/win32/ReparsePoint.h"
 #include "platform/win32/WinApi.h"
 
 #include <algorithm>
@@ -67,8 +68,10 @@ public:
     {
         m_isHeld = m_handle != INVALID_HANDLE_VALUE &&
                    GetFileInformationByHandleEx(m_handle, FileBasicInfo, &m_information, sizeof m_information);
-        if (m_isHeld) // Wine tells by the path alone that it is a link
-            m_information.FileAttributes |= GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT;
+        if (!m_isHeld)
+            return;
+        // Wine tells by the path alone that it is a link.
+        m_isLink = IsLink(m_information.FileAttributes | GetFileAttributesW(path.c_str()), ReparseTag(m_handle));
     }
     ~HeldEntry()
     {
@@ -83,7 +86,7 @@ public:
     /// The names in a folder; a file and a link have none. False when they cannot be read.
     bool ListFolder(std::vector<std::wstring>& names)
     {
-        if (!Has(FILE_ATTRIBUTE_DIRECTORY) || Has(FILE_ATTRIBUTE_REPARSE_POINT))
+        if (!Has(FILE_ATTRIBUTE_DIRECTORY) || m_isLink)
             return true;
         alignas(FILE_ID_BOTH_DIR_INFO) char buffer[4096];
         while (GetFileInformationByHandleEx(m_handle, FileIdBothDirectoryInfo, buffer, sizeof buffer))
@@ -128,6 +131,7 @@ private:
     HANDLE m_handle;
     FILE_BASIC_INFO m_information;
     bool m_isHeld;
+    bool m_isLink = false;
 };
 
 // While the entry is held, its path leads to it and through no link that came in between.
