@@ -27,6 +27,8 @@ bool IsFile(const std::string& native)
 UtCString TempDirectoryWithBackslashes()
 {
     std::string path = platform::TempDirectory();
+    if (path.empty()) // and no root because of that
+        return UtCString();
     std::replace(path.begin(), path.end(), '/', '\\');
     if (!path.ends_with('\\'))
         path += '\\';

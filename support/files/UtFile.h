@@ -14,7 +14,7 @@ MYDB_EXPORT int UtIsFile(const UtCString& path) noexcept;
 MYDB_EXPORT int UtIsDir(const UtCString& path) noexcept;
 
 /// The user's folder for temporary files, written with "\" and ending with it. Encoding 256, or UTF-8 where the name
-/// cannot be written in it. Empty only without memory.
+/// cannot be written in it. Empty only without memory, and on Windows where the system names no such folder.
 MYDB_EXPORT UtCString UtGetTempDir() noexcept;
 
 /// Copies the content of the folder `from` with everything below it into the folder `to`, which is created, with its

@@ -19,7 +19,7 @@ PathRules SystemPathRules() noexcept;
 /// Throws std::bad_alloc.
 bool IsRootFolder(const std::string& nativePath);
 
-/// The user's folder for temporary files as an absolute path of the system, in UTF-8.
+/// The user's folder for temporary files as an absolute path of the system, in UTF-8. Empty when the system names none.
 std::string TempDirectory();
 
 } // namespace platform

@@ -23,6 +23,21 @@ bool TakePrefix(std::wstring& path, std::wstring_view prefix)
     return isThere;
 }
 
+/// Empty when there is no such variable.
+std::wstring Variable(const wchar_t* name)
+{
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    const DWORD length = GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size()));
+    value.resize(length < value.size() ? length : 0); // changed meanwhile
+    return value;
+}
+
+std::wstring FolderOfWindows()
+{
+    wchar_t path[MAX_PATH] = L"";
+    return GetWindowsDirectoryW(path, MAX_PATH) < MAX_PATH ? path : L"";
+}
+
 } // namespace
 
 PathRules SystemPathRules() noexcept
@@ -45,11 +60,14 @@ bool IsRootFolder(const std::string& nativePath)
     return path.find(L'\\', isShare && inner != std::wstring::npos ? inner + 1 : 0) == std::wstring::npos;
 }
 
+// As GetTempPathW does, which has no answer for a variable of more than 259 characters.
 std::string TempDirectory()
 {
-    wchar_t path[MAX_PATH + 1];
-    const DWORD length = GetTempPathW(MAX_PATH + 1, path);
-    return length <= MAX_PATH ? ToUtf8({path, length}) : std::string();
+    for (const wchar_t* const name : {L"TMP", L"TEMP", L"USERPROFILE"})
+        if (const std::wstring folder = FullPath(Variable(name)); !folder.empty())
+            return ToUtf8(folder + L'\\');
+    const std::wstring folder = FolderOfWindows();
+    return folder.empty() ? std::string() : ToUtf8(folder + L'\\');
 }
 
 } // namespace platform

@@ -29,6 +29,28 @@ TEST(TempDirectoryOfWindows, IsAFolderOfTheUserWithoutAChoice)
     EXPECT_TRUE(std::filesystem::is_directory(platform::TempDirectory()));
 }
 
+TEST(TempDirectoryOfWindows, MayBeLongerThanMostPaths)
+{
+    const std::string folder = "C:\\" + std::string(150, 'x') + "\\" + std::string(150, 'y');
+    const Environment variable("TMP", folder.c_str());
+    EXPECT_EQ(platform::TempDirectory(), folder + "\\");
+}
+
+TEST(TempDirectoryOfWindows, IsThatOfTheNextVariableWhereOneIsMissing)
+{
+    const Environment variable("TMP", nullptr);
+    const Environment otherVariable("TEMP", "C:\\second");
+    EXPECT_EQ(platform::TempDirectory(), "C:\\second\\");
+}
+
+TEST(TempDirectoryOfWindows, IsThatOfWindowsWithoutAnyVariable)
+{
+    const Environment variable("TMP", nullptr);
+    const Environment otherVariable("TEMP", nullptr);
+    const Environment lastVariable("USERPROFILE", nullptr);
+    EXPECT_EQ(platform::TempDirectory(), "C:\\windows\\");
+}
+
 TEST(TempDirectoryOfWindows, IsInUtf8)
 {
     const NewFolder folder;
