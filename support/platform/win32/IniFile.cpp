@@ -13,6 +13,9 @@ namespace {
 // More than arrives: a reader that cuts before it unquotes loses the last character.
 constexpr DWORD bufferSize = 512;
 
+// Of UTF-16 in any code page: three in UTF-8, four in GB 18030.
+constexpr int mostBytesOfAUnit = 4;
+
 /// A text as UTF-16, without memory: a settings file must not look as if it were missing for want of it. Empty when the
 /// text has no place.
 class ShortWideText
@@ -39,21 +42,29 @@ bool FullPath(const std::string& utf8, wchar_t (&path)[MAX_PATH]) noexcept
     return length > 0 && length < MAX_PATH && std::wcsncmp(path, L"\\\\.\\", 4) != 0;
 }
 
-void ReadByWidePath(const wchar_t* path, const char* section, const char* key, const char* defaultValue,
-                    char (&text)[bufferSize]) noexcept
-{
-    wchar_t wide[bufferSize / 2]; // a character has two bytes at most
-    GetPrivateProfileStringW(ShortWideText(section), ShortWideText(key), ShortWideText(defaultValue), wide,
-                             bufferSize / 2, path);
-    WideCharToMultiByte(CP_ACP, 0, wide, -1, text, bufferSize, nullptr, nullptr);
-}
-
 IniValue Cut(const char* text) noexcept
 {
     IniValue value{};
     value.length = std::min(std::strlen(text), IniValue::maximumLength);
     std::copy_n(text, value.length, value.text);
     return value;
+}
+
+IniValue ReadByWidePath(const wchar_t* path, const char* section, const char* key, const char* defaultValue) noexcept
+{
+    wchar_t wide[bufferSize] = L"";
+    GetPrivateProfileStringW(ShortWideText(section), ShortWideText(key), ShortWideText(defaultValue), wide, bufferSize,
+                             path);
+    char text[bufferSize * mostBytesOfAUnit];
+    const bool isRecoded = WideCharToMultiByte(CP_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr) > 0;
+    return Cut(isRecoded ? text : defaultValue);
+}
+
+IniValue ReadByAnsiPath(const char* path, const char* section, const char* key, const char* defaultValue) noexcept
+{
+    char text[bufferSize + 1] = ""; // ends with a zero, whatever the system writes
+    GetPrivateProfileStringA(section, key, defaultValue, text, bufferSize, path);
+    return Cut(text);
 }
 
 } // namespace
@@ -64,13 +75,9 @@ IniValue ReadIniValue(const std::string& nativePath, const char* section, const 
     wchar_t path[MAX_PATH];
     if (!FullPath(nativePath, path))
         return Cut(defaultValue);
-    char text[bufferSize];
     char ansiPath[ansiPathSize];
-    if (ToAnsiPath(path, ansiPath))
-        GetPrivateProfileStringA(section, key, defaultValue, text, bufferSize, ansiPath);
-    else
-        ReadByWidePath(path, section, key, defaultValue, text);
-    return Cut(text);
+    return ToAnsiPath(path, ansiPath) ? ReadByAnsiPath(ansiPath, section, key, defaultValue)
+                                      : ReadByWidePath(path, section, key, defaultValue);
 }
 
 } // namespace platform

@@ -44,7 +44,8 @@ std::string ToUtf8(std::wstring_view text)
 bool ToAnsiPath(const wchar_t* path, char (&ansi)[ansiPathSize]) noexcept
 {
     BOOL isMissing = FALSE;
-    return WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, path, -1, ansi, ansiPathSize, nullptr, &isMissing) > 0 &&
+    return AreFileApisANSI() &&
+           WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, path, -1, ansi, ansiPathSize, nullptr, &isMissing) > 0 &&
            !isMissing;
 }
 

@@ -18,7 +18,8 @@ std::string ToUtf8(std::wstring_view text);
 constexpr int ansiPathSize = 780;
 
 /// A path in the ANSI code page, for the functions that the system has in that form. False when a character is missing
-/// there, or the place for it; then the path's UTF-16 form is the one to use.
+/// there, or the place for it, and when the process reads such paths in another code page (SetFileApisToOEM); then the
+/// path's UTF-16 form is the one to use.
 bool ToAnsiPath(const wchar_t* path, char (&ansi)[ansiPathSize]) noexcept;
 
 } // namespace platform

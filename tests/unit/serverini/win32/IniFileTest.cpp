@@ -103,6 +103,15 @@ TEST(ReadIniValueOfWindows, ReadsAPathThatTheAnsiCodePageLacks)
     EXPECT_EQ(ReadIni(folder.PathOf("\xCE\xB1\xCE\xB2.ini"), "SQL-Server", "User"), "\xE4");
 }
 
+TEST(ReadIniValueOfWindows, StripsQuotesBeforeItCutsAtEveryPath)
+{
+    const IniFolder folder;
+    const std::string umlauts(255, '\xE4');
+    for (const char* const name : {"plain.ini", "\xCE\xB1\xCE\xB2.ini"})
+        for (const char* const more : {"", "x"})
+            EXPECT_EQ(ReadIni(folder.Write("[SQL-Server]\nPort=\"" + umlauts + more + "\"\n", name)), umlauts) << name;
+}
+
 TEST(ReadIniValueOfWindows, GivesTheDefaultForAPathOfMoreThan259Characters)
 {
     const IniFolder folder;
