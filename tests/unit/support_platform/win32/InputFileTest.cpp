@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <io.h>
+
 namespace {
 
 TEST(InputFileOfWindows, IsFoundByANameInTheAnsiCodePage)
@@ -16,6 +18,18 @@ TEST(InputFileOfWindows, IsFoundByANameInTheAnsiCodePage)
     std::FILE* const file = platform::OpenInputFile((folder.Path().string() + "\\gr\xF6n").c_str());
     ASSERT_NE(file, nullptr);
     EXPECT_EQ(std::fgetc(file), 'c');
+    EXPECT_EQ(std::fclose(file), 0);
+}
+
+TEST(InputFileOfWindows, IsNotInheritedByOtherPrograms)
+{
+    const NewFolder folder;
+    std::ofstream(folder / "file") << "content";
+    std::FILE* const file = platform::OpenInputFile(Utf8(folder / "file").c_str());
+    ASSERT_NE(file, nullptr);
+    DWORD flags = HANDLE_FLAG_INHERIT;
+    EXPECT_TRUE(GetHandleInformation(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file))), &flags));
+    EXPECT_EQ(flags & HANDLE_FLAG_INHERIT, 0U);
     EXPECT_EQ(std::fclose(file), 0);
 }
 
