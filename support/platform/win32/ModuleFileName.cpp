@@ -5,6 +5,8 @@
 
 std::string platform::ModuleFileName()
 {
-    char path[MAX_PATH];
-    return ToUtf8(ToWide({path, GetModuleFileNameA(nullptr, path, MAX_PATH)}, CP_ACP));
+    // For a path that has no place the system gives MAX_PATH, and puts a zero inside or none at all.
+    char path[MAX_PATH + 1] = "";
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    return ToUtf8(ToWide(path, CP_ACP));
 }

@@ -18,8 +18,8 @@ std::string FormattedBySystem(const std::string& digits)
     const std::string number =
         '0' + digits.substr(0, digits.size() - decimals) + '.' + digits.substr(digits.size() - decimals);
     char text[128] = "";
-    GetNumberFormatA(LOCALE_USER_DEFAULT, 0, number.c_str(), &format, text, sizeof text);
-    return text;
+    const int size = GetNumberFormatA(LOCALE_USER_DEFAULT, 0, number.c_str(), &format, text, sizeof text);
+    return size > 0 ? text : "";
 }
 
 } // namespace
