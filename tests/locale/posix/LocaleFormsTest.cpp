@@ -19,12 +19,12 @@ const LocaleCase cases[] = {
 INSTANTIATE_TEST_SUITE_P(OfThisParser, LocaleDates,
                          testing::ValuesIn(CasesOfUser({std::begin(cases), std::end(cases)})), NameOfCase);
 
-TEST(DateOfTheUsersLocale, HasTheZerosOfLcTime)
+TEST(DateOfTheUsersLocaleOnPosix, HasTheZerosOfLcTime)
 {
     EXPECT_EQ(Text(CDateTime(2024, 3, 5, 0, 0, 0).GetDate(0)), LocaleOfUser() == "de_DE" ? "05.03.2024" : "03/05/2024");
 }
 
-TEST(DateOfTheUsersLocale, IsThereBefore1601BecauseTheCalendarIs)
+TEST(DateOfTheUsersLocaleOnPosix, IsThereBefore1601BecauseTheCalendarIs)
 {
     EXPECT_EQ(Text(CDateTime(1600, 12, 31, 0, 0, 0).GetDate(0)),
               LocaleOfUser() == "de_DE" ? "31.12.1600" : "12/31/1600");

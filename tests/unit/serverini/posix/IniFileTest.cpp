@@ -34,19 +34,19 @@ const IniFileCase fileCases[] = {
 
 INSTANTIATE_TEST_SUITE_P(FilesOnPosix, IniFileTable, testing::ValuesIn(fileCases), NameOfRow);
 
-TEST(ReadIniValue, Kept_K78_AUtf8MarkHidesTheFirstLine)
+TEST(ReadIniValueByTheReaderForPosix, Kept_K78_AUtf8MarkHidesTheFirstLine)
 {
     const IniFolder folder;
     EXPECT_EQ(ReadIni(folder.Write("\xEF\xBB\xBF[SQL-Server]\nPort=3306\n")), "default");
 }
 
-TEST(ReadIniValue, FindsNoKeyInAComment)
+TEST(ReadIniValueByTheReaderForPosix, FindsNoKeyInAComment)
 {
     const IniFolder folder;
     EXPECT_EQ(ReadIni(folder.Write("[SQL-Server]\n;Port=1\n"), "SQL-Server", ";Port"), "default");
 }
 
-TEST(ReadIniValue, FindsNoNameOfMoreThan256Bytes)
+TEST(ReadIniValueByTheReaderForPosix, FindsNoNameOfMoreThan256Bytes)
 {
     const IniFolder folder;
     const std::string longName(300, 'k');
@@ -56,24 +56,24 @@ TEST(ReadIniValue, FindsNoNameOfMoreThan256Bytes)
     EXPECT_EQ(ReadIni(folder.Write("[s]\n" + longName + "=1\n"), "s", std::string(256, 'k').c_str()), "default");
 }
 
-TEST(ReadIniValue, GivesTheDefaultForAPipeAndDoesNotWait)
+TEST(ReadIniValueByTheReaderForPosix, GivesTheDefaultForAPipeAndDoesNotWait)
 {
     const IniFolder folder;
     ASSERT_EQ(mkfifo(folder.PathOf("pipe.ini").c_str(), 0600), 0);
     EXPECT_EQ(ReadIni(folder.PathOf("pipe.ini")), "default");
 }
 
-TEST(ReadIniValue, GivesTheDefaultForADevice)
+TEST(ReadIniValueByTheReaderForPosix, GivesTheDefaultForADevice)
 {
     EXPECT_EQ(ReadIni("/dev/zero"), "default");
 }
 
-TEST(ReadIniValue, GivesTheDefaultWhenReadingFails)
+TEST(ReadIniValueByTheReaderForPosix, GivesTheDefaultWhenReadingFails)
 {
     EXPECT_EQ(ReadIni("/proc/self/mem"), "default") << "a regular file whose first page cannot be read";
 }
 
-TEST(ReadIniValue, LeavesNoFileOpen)
+TEST(ReadIniValueByTheReaderForPosix, LeavesNoFileOpen)
 {
     const IniFolder folder;
     const std::string path = folder.Write("[SQL-Server]\nPort=1\n");

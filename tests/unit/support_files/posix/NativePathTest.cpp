@@ -14,7 +14,7 @@ UtCString Below(const TestFolder& folder, std::string_view rest)
     return UtCString(std::string_view(Utf8(folder.Path()) + std::string(rest)), UT_ENCODING_UTF8);
 }
 
-TEST(NativePath, FindsComponentsInAnotherCase)
+TEST(NativePathWhereLetterCaseMatters, FindsComponentsInAnotherCase)
 {
     const TestFolder folder;
     folder.MakeFile("Data/DBS/Server.ini");
@@ -26,7 +26,7 @@ TEST(NativePath, FindsComponentsInAnotherCase)
     EXPECT_EQ(files::NativePath(Below(folder, "\\DATA\\..\\DATA\\dbs")), root + "/Data/../Data/DBS");
 }
 
-TEST(NativePath, KeepsTheSpellingFromWhereNothingIsFound)
+TEST(NativePathWhereLetterCaseMatters, KeepsTheSpellingFromWhereNothingIsFound)
 {
     const TestFolder folder;
     folder.MakeFile("Data/here.txt");
@@ -35,7 +35,7 @@ TEST(NativePath, KeepsTheSpellingFromWhereNothingIsFound)
     EXPECT_EQ(files::NativePath(Below(folder, "\\data\\HERE.TXT\\x")), root + "/Data/here.txt/x");
 }
 
-TEST(NativePath, PrefersTheExactSpelling)
+TEST(NativePathWhereLetterCaseMatters, PrefersTheExactSpelling)
 {
     const TestFolder folder;
     for (const char* const name : {"file", "File", "FILE"})
@@ -45,7 +45,7 @@ TEST(NativePath, PrefersTheExactSpelling)
         EXPECT_EQ(files::NativePath(Below(folder, std::string("\\") + name)), root + "/" + name);
 }
 
-TEST(NativePath, TakesTheFirstInByteOrderOfSeveralSpellings)
+TEST(NativePathWhereLetterCaseMatters, TakesTheFirstInByteOrderOfSeveralSpellings)
 {
     const TestFolder folder;
     for (const char* const name : {"fIle", "fiLe", "File"})
@@ -53,7 +53,7 @@ TEST(NativePath, TakesTheFirstInByteOrderOfSeveralSpellings)
     EXPECT_EQ(files::NativePath(Below(folder, "\\FILE")), Utf8(folder.Path()) + "/File");
 }
 
-TEST(NativePath, IgnoresTheCaseOfUmlautsInEveryEncoding)
+TEST(NativePathWhereLetterCaseMatters, IgnoresTheCaseOfUmlautsInEveryEncoding)
 {
     const TestFolder folder;
     folder.MakeFile("M\xC3\xBCller.txt");
@@ -65,7 +65,7 @@ TEST(NativePath, IgnoresTheCaseOfUmlautsInEveryEncoding)
     EXPECT_EQ(files::NativePath(UtCString(Below(folder, "\\M\xC3\xBCller.txt"), UT_ENCODING_UTF16_LE)), expected);
 }
 
-TEST(NativePath, FindsARelativePath)
+TEST(NativePathWhereLetterCaseMatters, FindsARelativePath)
 {
     const TestFolder folder;
     folder.MakeFile("Data/File.txt");
@@ -75,14 +75,14 @@ TEST(NativePath, FindsARelativePath)
     std::filesystem::current_path(before);
 }
 
-TEST(NativePath, FindsALinkThatLeadsNowhere)
+TEST(NativePathWhereLetterCaseMatters, FindsALinkThatLeadsNowhere)
 {
     const TestFolder folder;
     std::filesystem::create_symlink("nowhere", folder / "Link");
     EXPECT_EQ(files::NativePath(Below(folder, "\\LINK")), Utf8(folder.Path()) + "/Link");
 }
 
-TEST(NativePath, TakesAPathOfAnyLength)
+TEST(NativePathWhereLetterCaseMatters, TakesAPathOfAnyLength)
 {
     const std::string name(100'000, 'x');
     EXPECT_EQ(files::NativePath(Ansi("\\tmp\\" + name)), "/tmp/" + name);

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(UtCopyDirectory, LeavesALinkThatTheTargetHas)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, LeavesALinkThatTheTargetHas)
 {
     const TestFolder folder;
     folder.MakeFile("from/file", "new content");
@@ -20,7 +20,7 @@ TEST(UtCopyDirectory, LeavesALinkThatTheTargetHas)
     EXPECT_FALSE(fs::exists(folder / "outside")) << "nothing is written through the link";
 }
 
-TEST(UtCopyDirectory, CarriesPermissions)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, CarriesPermissions)
 {
     const TestFolder folder;
     fs::permissions(folder.MakeFile("from/a"), fs::perms::owner_read);
@@ -28,7 +28,7 @@ TEST(UtCopyDirectory, CarriesPermissions)
     EXPECT_EQ(fs::status(folder / "to/a").permissions(), fs::perms::owner_read);
 }
 
-TEST(UtCopyDirectory, CopiesWhatLinksName)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, CopiesWhatLinksName)
 {
     const TestFolder folder;
     folder.MakeFile("outside/file", "linked");
@@ -42,7 +42,7 @@ TEST(UtCopyDirectory, CopiesWhatLinksName)
     EXPECT_FALSE(fs::is_symlink(folder / "to/folder"));
 }
 
-TEST(UtCopyDirectory, LeavesOutWhatIsNoFile)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, LeavesOutWhatIsNoFile)
 {
     const TestFolder folder;
     folder.MakeFile("from/a");
@@ -51,7 +51,7 @@ TEST(UtCopyDirectory, LeavesOutWhatIsNoFile)
     EXPECT_EQ(Names(folder / "to"), std::set<std::string>{"a"});
 }
 
-TEST(UtCopyDirectory, FailsForALinkToNothing)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, FailsForALinkToNothing)
 {
     const TestFolder folder;
     folder.MakeFolder("from");
@@ -59,7 +59,7 @@ TEST(UtCopyDirectory, FailsForALinkToNothing)
     EXPECT_NE(Copy(folder), 0);
 }
 
-TEST(UtCopyDirectory, FailsForLinksThatLeadInACircle)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, FailsForLinksThatLeadInACircle)
 {
     const TestFolder folder;
     folder.MakeFolder("from/deep");
@@ -67,7 +67,7 @@ TEST(UtCopyDirectory, FailsForLinksThatLeadInACircle)
     EXPECT_NE(Copy(folder), 0);
 }
 
-TEST(UtCopyDirectory, FailsForALinkToTheTarget)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, FailsForALinkToTheTarget)
 {
     const TestFolder folder;
     folder.MakeFolder("from");
@@ -77,7 +77,7 @@ TEST(UtCopyDirectory, FailsForALinkToTheTarget)
     EXPECT_EQ(Names(folder / "to"), std::set<std::string>{"target"}) << "it does not copy into itself";
 }
 
-TEST(UtCopyDirectory, LeavesNoFileHalfWritten)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, LeavesNoFileHalfWritten)
 {
     const TestFolder folder;
     folder.MakeFile("from/large", std::string(1'000'000, 'x'));
@@ -92,7 +92,7 @@ TEST(UtCopyDirectory, LeavesNoFileHalfWritten)
     EXPECT_EQ(Names(folder / "to"), std::set<std::string>());
 }
 
-TEST(UtCopyDirectory, CreatesNothingWhenALinkLeadsIntoTheSource)
+TEST(UtCopyDirectoryWithLinksAndPermissionsOfPosix, CreatesNothingWhenALinkLeadsIntoTheSource)
 {
     const TestFolder folder;
     folder.MakeFile("from/a");

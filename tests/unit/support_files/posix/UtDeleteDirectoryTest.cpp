@@ -30,7 +30,7 @@ template <class Check> bool HoldsWithoutPrivileges(const fs::path& folder, Check
 }
 
 // The decision alone: a test that hands a root to the function itself would be costly to see fail.
-TEST(IsDeletable, RefusesEmptyPathsRootsAndDots)
+TEST(IsDeletableOnPosix, RefusesEmptyPathsRootsAndDots)
 {
     for (const std::string_view path : {""sv, "/"sv, "//"sv, "///"sv, "."sv, ".."sv, "/."sv, "/tmp/.."sv, "/tmp/."sv,
                                         "/tmp/../"sv, "C:"sv, "c:"sv, "/proc/self/root/"sv})
@@ -40,7 +40,7 @@ TEST(IsDeletable, RefusesEmptyPathsRootsAndDots)
         EXPECT_TRUE(files::IsDeletable(std::string(path))) << path;
 }
 
-TEST(UtDeleteDirectory, RefusesPipesAndLinksToWhatIsNoFolder)
+TEST(UtDeleteDirectoryWithLinksAndPermissionsOfPosix, RefusesPipesAndLinksToWhatIsNoFolder)
 {
     const TestFolder folder;
     folder.MakeFile("file");
@@ -53,7 +53,7 @@ TEST(UtDeleteDirectory, RefusesPipesAndLinksToWhatIsNoFolder)
     }
 }
 
-TEST(UtDeleteDirectory, NeverFollowsALink)
+TEST(UtDeleteDirectoryWithLinksAndPermissionsOfPosix, NeverFollowsALink)
 {
     const TestFolder folder;
     folder.MakeFile("outside/a");
@@ -66,7 +66,7 @@ TEST(UtDeleteDirectory, NeverFollowsALink)
     EXPECT_TRUE(fs::exists(folder / "outside/a"));
 }
 
-TEST(UtDeleteDirectory, RemovesALinkAtTheEndOfThePathAndNotItsFolder)
+TEST(UtDeleteDirectoryWithLinksAndPermissionsOfPosix, RemovesALinkAtTheEndOfThePathAndNotItsFolder)
 {
     const TestFolder folder;
     folder.MakeFile("outside/a");
@@ -78,7 +78,7 @@ TEST(UtDeleteDirectory, RemovesALinkAtTheEndOfThePathAndNotItsFolder)
     }
 }
 
-TEST(UtDeleteDirectory, RemovesWriteProtectedFilesAndFolders)
+TEST(UtDeleteDirectoryWithLinksAndPermissionsOfPosix, RemovesWriteProtectedFilesAndFolders)
 {
     const TestFolder folder;
     EXPECT_TRUE(HoldsWithoutPrivileges(folder.Path(), [&folder] {
@@ -91,7 +91,7 @@ TEST(UtDeleteDirectory, RemovesWriteProtectedFilesAndFolders)
     }));
 }
 
-TEST(UtDeleteDirectory, FailsWhenSomethingIsLeft)
+TEST(UtDeleteDirectoryWithLinksAndPermissionsOfPosix, FailsWhenSomethingIsLeft)
 {
     const TestFolder folder;
     EXPECT_TRUE(HoldsWithoutPrivileges(folder.Path(), [&folder] {

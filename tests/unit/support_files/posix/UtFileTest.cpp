@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(UtIsFile, FollowsLinksAndKnowsPipes)
+TEST(UtIsFileOnPosix, FollowsLinksAndKnowsPipes)
 {
     const TestFolder folder;
     folder.MakeFile("file");
@@ -34,7 +34,7 @@ TEST(UtIsFile, FollowsLinksAndKnowsPipes)
     }
 }
 
-TEST(UtGetTempDir, EndsWithABackslash)
+TEST(UtGetTempDirOnPosix, EndsWithABackslash)
 {
     const Environment variable("TMPDIR", nullptr);
     EXPECT_EQ(UtGetTempDir().View(), "\\tmp\\");

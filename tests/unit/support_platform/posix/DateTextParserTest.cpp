@@ -78,7 +78,7 @@ template <size_t N> void ExpectRefused(const std::wstring_view (&texts)[N], cons
     }
 }
 
-TEST(ParseDateText, ReadsIsoFormsInEveryLocale)
+TEST(DateTextParserOfPosix, ReadsIsoFormsInEveryLocale)
 {
     const Row rows[] = {
         {L"2024-03-05", {2024, 3, 5, 0, 0, 0}},
@@ -103,7 +103,7 @@ TEST(ParseDateText, ReadsIsoFormsInEveryLocale)
     ExpectRead(rows, japanese);
 }
 
-TEST(ParseDateText, ReadsWhatAGermanWrites)
+TEST(DateTextParserOfPosix, ReadsWhatAGermanWrites)
 {
     const Row rows[] = {
         {L"05.03.2024", {2024, 3, 5, 0, 0, 0}},
@@ -148,7 +148,7 @@ TEST(ParseDateText, ReadsWhatAGermanWrites)
     ExpectRead(rows, german);
 }
 
-TEST(ParseDateText, ReadsWhatAnAmericanWrites)
+TEST(DateTextParserOfPosix, ReadsWhatAnAmericanWrites)
 {
     const Row rows[] = {
         {L"3/5/2024", {2024, 3, 5, 0, 0, 0}},
@@ -173,7 +173,7 @@ TEST(ParseDateText, ReadsWhatAnAmericanWrites)
     ExpectRead(rows, american);
 }
 
-TEST(ParseDateText, SkipsTheWordsOfTheLocalesPattern)
+TEST(DateTextParserOfPosix, SkipsTheWordsOfTheLocalesPattern)
 {
     const Row rows[] = {{L"2024\u5E7403\u670805\u65E5", {2024, 3, 5, 0, 0, 0}},
                         {L"24/3/5", {2024, 3, 5, 0, 0, 0}},
@@ -183,7 +183,7 @@ TEST(ParseDateText, SkipsTheWordsOfTheLocalesPattern)
     ExpectRead(rows, japanese);
 }
 
-TEST(ParseDateText, RefusesWhatIsNoDate)
+TEST(DateTextParserOfPosix, RefusesWhatIsNoDate)
 {
     using namespace std::string_view_literals;
     const std::wstring_view texts[] = {
@@ -247,14 +247,14 @@ TEST(ParseDateText, RefusesWhatIsNoDate)
     ExpectRefused(texts, german);
 }
 
-TEST(ParseDateText, NeverMovesTheYear)
+TEST(DateTextParserOfPosix, NeverMovesTheYear)
 {
     const std::wstring_view texts[] = {L"30.2.24", L"31.2.2024", L"2024-30-02"};
     ExpectRefused(texts, german);
     ExpectRefused(texts, american);
 }
 
-TEST(ParseDateText, FollowsTheFlags)
+TEST(DateTextParserOfPosix, FollowsTheFlags)
 {
     const struct
     {
@@ -276,7 +276,7 @@ TEST(ParseDateText, FollowsTheFlags)
     }
 }
 
-TEST(ParseDateText, RefusesLongTextsAtOnce)
+TEST(DateTextParserOfPosix, RefusesLongTextsAtOnce)
 {
     const std::wstring digits(1'000'000, L'1');
     const std::wstring separators(1'000'000, L'.');
@@ -285,7 +285,7 @@ TEST(ParseDateText, RefusesLongTextsAtOnce)
     ExpectRefused(texts, german);
 }
 
-TEST(OrderOfPattern, FindsTheOrderOfDayMonthAndYear)
+TEST(OrderInAPatternOfPosix, FindsTheOrderOfDayMonthAndYear)
 {
     const struct
     {
@@ -315,7 +315,7 @@ TEST(OrderOfPattern, FindsTheOrderOfDayMonthAndYear)
         EXPECT_EQ(platform::OrderOfPattern(row.pattern), row.order) << row.pattern;
 }
 
-TEST(WordsOfPattern, FindsWhatStandsBetweenTheConversions)
+TEST(WordsInAPatternOfPosix, FindsWhatStandsBetweenTheConversions)
 {
     using Words = std::vector<std::wstring>;
     EXPECT_EQ(platform::WordsOfPattern(L"%d.%m.%Y"), Words());

@@ -2,7 +2,9 @@
 
 namespace {
 
-TEST_F(FolderTest, ListsLinksThatLeadNowhere)
+using FolderWithSymbolicLinks = FolderTest;
+
+TEST_F(FolderWithSymbolicLinks, ListsLinksThatLeadNowhere)
 {
     fs::create_symlink("nowhere", Path("link"));
     std::vector<std::string> names;
@@ -10,7 +12,7 @@ TEST_F(FolderTest, ListsLinksThatLeadNowhere)
     EXPECT_EQ(names, std::vector<std::string>{"link"});
 }
 
-TEST_F(FolderTest, RemovesLinksAndNotWhatTheyName)
+TEST_F(FolderWithSymbolicLinks, RemovesLinksAndNotWhatTheyName)
 {
     MakeFile("outside/file");
     fs::create_directory(Path("tree"));

@@ -11,7 +11,7 @@ using platform::DaylightSaving;
 
 constexpr CalendarFields untouched = {1, 2, 3, 4, 5, 6};
 
-TEST(CurrentTime, AgreesWithTheSystem)
+TEST(CurrentTimeOfPosix, AgreesWithTheSystem)
 {
     const time_t before = time(nullptr);
     const int64_t now = platform::CurrentTime();
@@ -19,13 +19,13 @@ TEST(CurrentTime, AgreesWithTheSystem)
     EXPECT_LE(now, time(nullptr));
 }
 
-TEST(LocalTimeFromSeconds, BreaksDownInTheLocalZone)
+TEST(LocalTimeInTheZoneOfTz, BreaksDownInTheLocalZone)
 {
     const CentralEuropeanTime zone;
     ExpectBrokenDownInBerlin(platform::LocalTimeFromSeconds);
 }
 
-TEST(LocalTimeFromSeconds, FailsForAYearThatAnIntCannotHold)
+TEST(LocalTimeInTheZoneOfTz, FailsForAYearThatAnIntCannotHold)
 {
     for (const int64_t seconds : {INT64_MAX, INT64_MIN, int64_t{67768036191676799}}) {
         CalendarFields fields = untouched;
@@ -34,7 +34,7 @@ TEST(LocalTimeFromSeconds, FailsForAYearThatAnIntCannotHold)
     }
 }
 
-TEST(SecondsFromLocalTime, ReadsLocalFields)
+TEST(SecondsInTheZoneOfTz, ReadsLocalFields)
 {
     const CentralEuropeanTime zone;
     ExpectReadInBerlin(platform::SecondsFromLocalTime);
@@ -42,7 +42,7 @@ TEST(SecondsFromLocalTime, ReadsLocalFields)
               67767976201993200);
 }
 
-TEST(SecondsFromLocalTime, FailsWithMinusOne)
+TEST(SecondsInTheZoneOfTz, FailsWithMinusOne)
 {
     EXPECT_EQ(platform::SecondsFromLocalTime({INT_MAX, INT_MAX, 1, 0, 0, 0}, DaylightSaving::off), -1);
     EXPECT_EQ(platform::SecondsFromLocalTime({INT_MIN, 1, 1, 0, 0, 0}, DaylightSaving::off), -1);

@@ -9,14 +9,14 @@
 
 namespace {
 
-TEST(SystemPathRules, SeparatesWithSlashesAndHeedsTheCase)
+TEST(PathRulesOfPosix, SeparatesWithSlashesAndHeedsTheCase)
 {
     EXPECT_EQ(platform::SystemPathRules().separator, '/');
     EXPECT_FALSE(platform::SystemPathRules().ignoresCase);
     EXPECT_FALSE(platform::SystemPathRules().limitsNames);
 }
 
-TEST(TempDirectory, IsWhatTheUserChose)
+TEST(TempDirectoryOfPosix, IsWhatTheUserChose)
 {
     const std::string chosen = std::filesystem::temp_directory_path() / ("mydb-temp-" + std::to_string(getpid()));
     std::filesystem::create_directory(chosen);
@@ -26,7 +26,7 @@ TEST(TempDirectory, IsWhatTheUserChose)
     EXPECT_EQ(platform::TempDirectory(), "/tmp") << "the chosen one is gone";
 }
 
-TEST(TempDirectory, IsTheSystemsWithoutAUsableChoice)
+TEST(TempDirectoryOfPosix, IsTheSystemsWithoutAUsableChoice)
 {
     for (const char* const value :
          {static_cast<const char*>(nullptr), "", "relative", ".", "/no/such/folder", "/dev/null"}) {
@@ -35,7 +35,7 @@ TEST(TempDirectory, IsTheSystemsWithoutAUsableChoice)
     }
 }
 
-TEST(TempDirectory, IsNeverOneWithABackslashInItsName)
+TEST(TempDirectoryOfPosix, IsNeverOneWithABackslashInItsName)
 {
     const std::string chosen = std::filesystem::temp_directory_path() / ("mydb\\temp-" + std::to_string(getpid()));
     std::filesystem::create_directory(chosen);

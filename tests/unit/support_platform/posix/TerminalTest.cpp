@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(EncodeForTerminal, WritesTheTerminalsEncoding)
+TEST(EncodeForTheTerminalOfPosix, WritesTheTerminalsEncoding)
 {
     const struct
     {
@@ -37,7 +37,7 @@ TEST(EncodeForTerminal, WritesTheTerminalsEncoding)
         EXPECT_EQ(platform::EncodeForTerminal(row.utf8, row.codeset), row.encoded) << row.name;
 }
 
-TEST(EncodeForTerminal, KeepsLongTexts)
+TEST(EncodeForTheTerminalOfPosix, KeepsLongTexts)
 {
     std::string utf8;
     std::string expected;
@@ -48,7 +48,7 @@ TEST(EncodeForTerminal, KeepsLongTexts)
     EXPECT_EQ(platform::EncodeForTerminal(utf8, "ISO-8859-1"), expected);
 }
 
-TEST(TerminalCodeset, IsThatOfTheUsersLocale)
+TEST(TerminalCodesetOfPosix, IsThatOfTheUsersLocale)
 {
     const struct
     {
@@ -73,7 +73,7 @@ TEST(TerminalCodeset, IsThatOfTheUsersLocale)
     }
 }
 
-TEST(WriteToTerminal, WritesOneLineToStandardError)
+TEST(WriteToTheTerminalOfPosix, WritesOneLineToStandardError)
 {
     const Environment locale("LC_ALL", "C.UTF-8");
     testing::internal::CaptureStderr();
@@ -81,7 +81,7 @@ TEST(WriteToTerminal, WritesOneLineToStandardError)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "M\xC3\xBCller\n");
 }
 
-TEST(WriteToTerminal, UsesTheTerminalsEncoding)
+TEST(WriteToTheTerminalOfPosix, UsesTheTerminalsEncoding)
 {
     const Environment locale("LC_ALL", "C");
     testing::internal::CaptureStderr();

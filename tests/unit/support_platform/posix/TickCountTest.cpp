@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(TickCount, IsThatOfTheSystemsSteadyClock)
+TEST(TickCountOfPosix, IsThatOfTheSystemsSteadyClock)
 {
     const auto now = [] {
         timespec time{};
