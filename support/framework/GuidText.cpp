@@ -1,6 +1,7 @@
 #include "framework/GuidText.h"
 
 #include <algorithm>
+#include <string>
 
 namespace framework {
 namespace {

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #if defined(_WIN32)
@@ -29,10 +28,8 @@ namespace platform {
 /// with hyphens between them and nothing around them. False, and `guid` untouched, for every other text.
 bool GuidFromText(std::string_view text, _GUID& guid) noexcept;
 
-/// The standard form in lower case, 36 characters. `GuidFromText` reads it back as the same GUID.
-std::string GuidToText(const _GUID& guid);
-
-/// The same characters, without a zero behind them and without memory.
+/// The standard form in lower case, without a zero behind it. `GuidFromText` reads it back as the same GUID. Needs no
+/// memory, which the function of Windows asks for.
 std::array<char, 36> GuidCharacters(const _GUID& guid) noexcept;
 
 } // namespace platform

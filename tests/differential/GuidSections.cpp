@@ -1,6 +1,7 @@
 #include "differential/Sections.h"
 
 #include "framework/GuidText.h"
+#include "harness/GuidText.h"
 #include "sql/KeyValue.h"
 
 namespace differential {
@@ -57,7 +58,7 @@ void WriteGuid(Report& report, const UtCString& text)
     const _GUID loose = framework::GuidFromLooseText(text);
     _GUID strict{};
     const bool isStrict = platform::GuidFromText(text.View(), strict);
-    report.Line(text, platform::GuidToText(loose), isStrict, platform::GuidToText(strict), sql::KeyValue(loose));
+    report.Line(text, GuidText(loose), isStrict, GuidText(strict), sql::KeyValue(loose));
 }
 
 } // namespace

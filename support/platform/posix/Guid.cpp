@@ -53,10 +53,4 @@ bool GuidFromText(std::string_view text, _GUID& guid) noexcept
     return true;
 }
 
-std::string GuidToText(const _GUID& guid)
-{
-    const std::array<char, textLength> text = GuidCharacters(guid);
-    return std::string(text.data(), text.size());
-}
-
 } // namespace platform

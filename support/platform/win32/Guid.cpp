@@ -2,7 +2,6 @@
 
 #include "platform/win32/WinApi.h"
 
-#include <new>
 #include <rpc.h>
 
 namespace platform {
@@ -18,17 +17,6 @@ bool GuidFromText(std::string_view text, _GUID& guid) noexcept
         return false;
     guid = read;
     return true;
-}
-
-std::string GuidToText(const _GUID& guid)
-{
-    GUID copy = guid; // some headers take it as no constant
-    RPC_CSTR text = nullptr;
-    if (UuidToStringA(&copy, &text) != RPC_S_OK)
-        throw std::bad_alloc();
-    const std::string result(reinterpret_cast<const char*>(text));
-    RpcStringFreeA(&text);
-    return result;
 }
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "framework/GuidText.h"
 
+#include "harness/GuidText.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -71,7 +73,7 @@ TEST(GuidFromLooseText, ReadsEveryEncoding)
 
 TEST(GuidFromLooseText, ReadsBackWhatIsWritten)
 {
-    EXPECT_EQ(Read("{" + platform::GuidToText(sample) + "}"), sample);
+    EXPECT_EQ(Read("{" + GuidText(sample) + "}"), sample);
 }
 
 } // namespace

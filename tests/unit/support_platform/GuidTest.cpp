@@ -1,5 +1,7 @@
 #include "platform/Guid.h"
 
+#include "harness/GuidText.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -7,10 +9,10 @@ namespace {
 constexpr _GUID sample = {0x6b29fc40, 0xca47, 0x1067, {0xb3, 0x1d, 0x00, 0xdd, 0x01, 0x06, 0x62, 0xda}};
 constexpr _GUID untouched = {1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}};
 
-TEST(GuidToText, WritesLowerCaseGroups)
+TEST(GuidCharacters, WritesLowerCaseGroups)
 {
-    EXPECT_EQ(platform::GuidToText(sample), "6b29fc40-ca47-1067-b31d-00dd010662da");
-    EXPECT_EQ(platform::GuidToText(_GUID{}), "00000000-0000-0000-0000-000000000000");
+    EXPECT_EQ(GuidText(sample), "6b29fc40-ca47-1067-b31d-00dd010662da");
+    EXPECT_EQ(GuidText(_GUID{}), "00000000-0000-0000-0000-000000000000");
 }
 
 TEST(GuidFromText, ReadsEitherCase)
