@@ -121,8 +121,8 @@ public:
     bool ConvertDate(const UtCString& text);
     /// Reads a date, a time or both in the form of the user's locale. `flags` are the platform's: 0x1 a time only, 0x2
     /// a date only, 0x80000000 without the user's changes to the locale, 0 all forms. "platform/LocaleDate.h" tells
-    /// what is accepted off Windows. A text of white space alone, and every text that cannot be read, gives value 0.0
-    /// with status null.
+    /// what is accepted off Windows. White space at the end does not count. A text of white space alone, and every text
+    /// that cannot be read, gives value 0.0 with status null.
     static CDateTime ParseDate(const UtCString& text, unsigned long flags = 0);
 
     // The current local time, to the whole second. Status invalid where the system cannot tell it.

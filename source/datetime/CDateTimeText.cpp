@@ -14,6 +14,11 @@ UtCString FormattedText(const CDateTime& date, unsigned int selector)
     return datetime::Format(date.GetValue(), selector);
 }
 
+std::string_view WithoutTrailingWhiteSpace(std::string_view text)
+{
+    return text.substr(0, text.find_last_not_of(" \t\n\v\f\r") + 1);
+}
+
 } // namespace
 
 UtCString CDateTime::GetDate(unsigned int selector) const
@@ -60,8 +65,10 @@ CDateTime CDateTime::ParseDate(const UtCString& text, unsigned long flags)
 try {
     CDateTime date;
     date.SetNull();
+    const UtCString utf8(text, UT_ENCODING_UTF8);
+    const std::string_view trimmed = WithoutTrailingWhiteSpace(utf8.View());
     platform::CalendarFields fields;
-    if (platform::ParseLocaleDate(UtCString(text, UT_ENCODING_UTF8).View(), static_cast<uint32_t>(flags), fields) &&
+    if (!trimmed.empty() && platform::ParseLocaleDate(trimmed, static_cast<uint32_t>(flags), fields) &&
         framework::OleDateFromFields(fields, date.m_value))
         date.m_status = valid;
     return date;

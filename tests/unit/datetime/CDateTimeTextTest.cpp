@@ -309,6 +309,48 @@ TEST(ParseDate, ReadsEveryEncoding)
             << encoding;
 }
 
+TEST(ParseDate, ReadsAYearFirstAndATime)
+{
+    const Environment locale("LC_ALL", "C");
+    const struct
+    {
+        std::string_view text;
+        unsigned long flags;
+        std::string shown;
+    } rows[] = {
+        {"2024-03-05"sv, 0, "2024-03-05 00:00:00 (0)"},
+        {"2024-03-05 14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
+        {"14:07"sv, 0, "1899-12-30 14:07:00 (0)"},
+        {"00:00"sv, 0, "1899-12-30 00:00:00 (0)"},
+        {"14:07"sv, 1, "1899-12-30 14:07:00 (0)"},
+        {"2024-03-05"sv, 2, "2024-03-05 00:00:00 (0)"},
+        {"2024-03-05"sv, 0x80000000, "2024-03-05 00:00:00 (0)"},
+        {"2024-03-05"sv, 0x80000002, "2024-03-05 00:00:00 (0)"},
+        {"2024-02-30"sv, 0, shownNull},
+        {"yesterday"sv, 0, shownNull},
+        {"2024-03-05\0"sv, 0, shownNull},
+        {"\xFF\xFE\xFC"sv, 0, shownNull},
+    };
+    for (const auto& row : rows) {
+        const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
+        EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
+        EXPECT_TRUE(date.GetStatus() == CDateTime::valid || date.GetValue() == 0) << row.text;
+    }
+}
+
+TEST(ParseDate, LeavesOutWhiteSpaceAtTheEnd)
+{
+    const Environment locale("LC_ALL", "C");
+    for (const std::string_view end : {" "sv, "\t"sv, "\n"sv, "\v"sv, "\f"sv, "\r"sv, " \t\r\n\v\f  "sv})
+        for (const eUtEncodingType encoding : convertedEncodings) {
+            EXPECT_EQ(Shown(CDateTime::ParseDate(Encoded("2024-03-05 14:07:09" + std::string(end), encoding))),
+                      "2024-03-05 14:07:09 (0)")
+                << int{end[0]};
+            EXPECT_EQ(Shown(CDateTime::ParseDate(Encoded(end, encoding))), shownNull) << int{end[0]};
+        }
+    EXPECT_EQ(Shown(CDateTime::ParseDate(Ansi(""))), shownNull);
+}
+
 TEST(ParseDate, RefusesALongText)
 {
     EXPECT_EQ(Shown(CDateTime::ParseDate(Ansi(std::string(1'000'000, '1')))), refused);

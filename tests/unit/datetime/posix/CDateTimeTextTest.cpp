@@ -44,7 +44,7 @@ TEST(DateToStrInTheLocaleOfThePosixEnvironment, IsTheLocalesShortDate)
     EXPECT_EQ(Text(PublicDateToStr(1599, 12, 31, 0, 0, 0).DateToStr()), "");
 }
 
-TEST(ParseDateInTheLocaleOfThePosixEnvironment, ReadsIsoAndLocaleForms)
+TEST(ParseDateInTheLocaleOfThePosixEnvironment, ReadsFormsThatWindowsRefusesOrCuts)
 {
     const Environment locale("LC_ALL", "C");
     const struct
@@ -53,30 +53,15 @@ TEST(ParseDateInTheLocaleOfThePosixEnvironment, ReadsIsoAndLocaleForms)
         unsigned long flags;
         std::string shown;
     } rows[] = {
-        {"2024-03-05"sv, 0, "2024-03-05 00:00:00 (0)"},
-        {"2024-03-05 14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
         {"2024-03-05T14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
         {"03/05/2024"sv, 0, "2024-03-05 00:00:00 (0)"},
         {"March 5, 2024 \t\r\n"sv, 0, "2024-03-05 00:00:00 (0)"},
-        {"14:07"sv, 0, "1899-12-30 14:07:00 (0)"},
-        {"00:00"sv, 0, "1899-12-30 00:00:00 (0)"},
-        {"14:07"sv, 1, "1899-12-30 14:07:00 (0)"},
         {"14:07"sv, 2, shownNull},
         {"2024-03-05"sv, 1, shownNull},
-        {"2024-03-05"sv, 2, "2024-03-05 00:00:00 (0)"},
-        {"2024-03-05"sv, 0x80000000, "2024-03-05 00:00:00 (0)"},
-        {"2024-03-05"sv, 0x80000002, "2024-03-05 00:00:00 (0)"},
-        {"2024-02-30"sv, 0, shownNull},
-        {""sv, 0, shownNull},
-        {" \t\r\n"sv, 0, shownNull},
-        {"yesterday"sv, 0, shownNull},
-        {"2024-03-05\0"sv, 0, shownNull},
-        {"\xFF\xFE\xFC"sv, 0, shownNull},
     };
     for (const auto& row : rows) {
         const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
         EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
-        EXPECT_TRUE(date.GetStatus() == CDateTime::valid || date.GetValue() == 0) << row.text;
     }
 }
 
