@@ -148,7 +148,7 @@ public:
     bool AddYears(int years, int dayOfMonth = 0) noexcept;
 
 protected:
-    /// The short date of the user's locale, at most 78 bytes. Empty when `IsNull` and when the platform has no such
+    /// The short date of the user's locale, at most 77 bytes. Empty when `IsNull` and when the platform has no such
     /// form.
     UtCString DateToStr() const;
 

@@ -2,14 +2,18 @@
 
 #include "platform/CalendarFields.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace platform {
 
-/// The short date form of the user's locale, in UTF-8. Empty when the form is empty or has more than 78 bytes in the
-/// locale's encoding, and on Windows before the year 1601. The date must exist.
+/// The longest short date, in bytes of the locale's encoding. Windows counts 78 of them, with the zero behind the text.
+inline constexpr size_t longestShortDate = 77;
+
+/// The short date form of the user's locale, in UTF-8. Empty when the form is empty or longer than that, and on Windows
+/// before the year 1601. The date must exist.
 std::string ShortDate(const CalendarFields& date);
 
 /// What a locale text may hold. Bits, by the numbers that Windows gives them.

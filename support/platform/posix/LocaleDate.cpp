@@ -80,7 +80,7 @@ std::string ShortDate(const CalendarFields& date)
     char buffer[80];
     const size_t length = strftime_l(buffer, sizeof buffer, "%x", &fields, locale.Handle());
     std::string text;
-    if (length <= 78)
+    if (length <= longestShortDate)
         Recode({buffer, length}, nl_langinfo_l(CODESET, locale.Handle()), "UTF-8", text);
     return text;
 }

@@ -1,5 +1,6 @@
 #include "platform/LocaleDate.h"
 
+#include "platform/win32/DateInForm.h"
 #include "platform/win32/Recode.h"
 #include "platform/win32/WinApi.h"
 
@@ -19,17 +20,23 @@ unsigned int CodePageOfUser()
 
 } // namespace
 
-std::string ShortDate(const CalendarFields& date)
+std::string DateInForm(const CalendarFields& date, const char* form)
 {
-    constexpr int longest = 78;
+    constexpr int largestCount = 78; // with the zero
     SYSTEMTIME day{};
     day.wYear = static_cast<WORD>(date.year);
     day.wMonth = static_cast<WORD>(date.month);
     day.wDay = static_cast<WORD>(date.day);
-    char text[longest + 2] = "";
-    GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &day, nullptr, text, sizeof text);
-    const std::string_view shown = text;
-    return shown.size() <= longest ? ToUtf8(ToWide(shown, CodePageOfUser())) : std::string();
+    char text[largestCount + 2];
+    const int count = GetDateFormatA(LOCALE_USER_DEFAULT, form ? 0 : DATE_SHORTDATE, &day, form, text, sizeof text);
+    if (count < 1 || count > largestCount)
+        return std::string();
+    return ToUtf8(ToWide({text, static_cast<size_t>(count) - 1}, CodePageOfUser()));
+}
+
+std::string ShortDate(const CalendarFields& date)
+{
+    return DateInForm(date, nullptr);
 }
 
 bool ParseLocaleDate(std::string_view utf8, uint32_t flags, CalendarFields& result)

@@ -1,6 +1,7 @@
 #include "platform/LocaleDate.h"
 
 #include "platform/LocalTime.h"
+#include "platform/win32/DateInForm.h"
 #include "platform/win32/WinApi.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +51,17 @@ TEST(ShortDateOfTheUsersLocale, IsEmptyBeforeTheFirstYearOfWindows)
     EXPECT_NE(platform::ShortDate({1601, 1, 1, 0, 0, 0}), "");
     EXPECT_EQ(platform::ShortDate({1600, 12, 31, 0, 0, 0}), "");
     EXPECT_EQ(platform::ShortDate({100, 1, 1, 0, 0, 0}), "");
+}
+
+// The user's own form is a setting of the account, which other programs read meanwhile.
+TEST(ShortDateOfWindows, IsEmptyFromSeventyEightCharactersOnAsTheSystemCountsTheZero)
+{
+    for (const size_t length : {0u, 1u, 76u, 77u, 78u, 79u, 80u, 200u}) {
+        const std::string text(length, 'x');
+        const std::string form = length ? "'" + text + "'" : "''";
+        EXPECT_EQ(platform::DateInForm({2024, 3, 5, 0, 0, 0}, form.c_str()), length <= 77 ? text : "") << length;
+    }
+    EXPECT_EQ(platform::DateInForm({2024, 3, 5, 0, 0, 0}, "dd.MM.yyyy"), "05.03.2024");
 }
 
 TEST(ParseLocaleDateOfWindows, ReadsInTheOrderOfTheUsersLocale)
