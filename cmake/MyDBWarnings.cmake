@@ -2,8 +2,12 @@
 # and stay out of it.
 function(mydb_enable_warnings TARGET)
     if(MSVC)
-        # 5030: attributes that other compilers know
-        target_compile_options(${TARGET} PRIVATE /W4 /wd5030 /utf-8 /permissive- $<$<BOOL:${MYDB_WERROR}>:/WX>)
+        # 5030: attributes that other compilers know. 4251, 4275: exported classes with members and bases that are not;
+        # host and library have one compiler and one run-time library.
+        target_compile_options(${TARGET} PRIVATE /W4 /wd5030 /wd4251 /wd4275 /utf-8 /permissive-
+                               $<$<BOOL:${MYDB_WERROR}>:/WX>)
+        # 4996: functions of the C library that this compiler would replace with its own
+        target_compile_definitions(${TARGET} PRIVATE _CRT_SECURE_NO_WARNINGS _CRT_NONSTDC_NO_WARNINGS)
     else()
         target_compile_options(${TARGET} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wundef
                                $<$<BOOL:${MYDB_WERROR}>:-Werror>)
