@@ -2,7 +2,9 @@
 
 #include "framework/VariantName.h"
 
-#if defined(_WIN32)
+#if defined(MYDB_WITH_MFC)
+#include "framework/Mfc.h"
+#elif defined(_WIN32)
 #include <oaidl.h>
 #else
 #include <cstdint>

@@ -1,7 +1,11 @@
 #pragma once
 
 // A double of the framework, for builds that have not got it: classes, members and macros with the framework's names
-// and signatures, as far as the library meets them. Texts are ANSI or wide as UNICODE decides.
+// and signatures, as far as the library meets them; fewer overloads than there. Texts are ANSI or wide as UNICODE
+// decides.
+#if defined(_WINDOWS_)
+#error This header includes windows.h itself and refuses to stand behind it
+#endif
 #include <windows.h>
 
 #include <commctrl.h> // PBM_DELTAPOS

@@ -7,4 +7,8 @@
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN
 #endif
+#if defined(MYDB_WITH_MFC)
+#include <afxwin.h> // refuses to stand behind <windows.h>
+#else
 #include <windows.h>
+#endif
