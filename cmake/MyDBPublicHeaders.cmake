@@ -8,8 +8,8 @@ file(GLOB MYDB_SUPPORT_HEADERS CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}
      "${PROJECT_SOURCE_DIR}/support/log/Ut*.h"
      "${PROJECT_SOURCE_DIR}/support/files/Ut*.h"
      "${PROJECT_SOURCE_DIR}/support/framework/*.h")
-list(REMOVE_ITEM MYDB_SUPPORT_HEADERS framework/GuidText.h framework/OleDate.h framework/OutputFile.h
-     framework/VariantDate.h)
+list(REMOVE_ITEM MYDB_SUPPORT_HEADERS framework/GuidText.h framework/LocalTime.h framework/OleDate.h
+     framework/OutputFile.h framework/VariantDate.h)
 list(APPEND MYDB_SUPPORT_HEADERS platform/Guid.h text/TextHash.h)
 
 set(MYDB_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/mydb")

@@ -22,7 +22,9 @@
 /// - A time without a date lies on the day 0, 1899-12-30.
 /// - `IsValid` accepts only the years 1600 to 2999. What needs a valid date asks `IsValid`, not the status alone.
 ///
-/// No operation throws. Distinct objects may be used from any thread. "Local time" is that of the process's time zone.
+/// No operation throws. Distinct objects may be used from any thread. "Local time" is that of CTime: of the zone in the
+/// variable TZ on POSIX, of the system's zone on Windows, and what the framework makes of it where CTime is the
+/// framework's.
 class MYDB_EXPORT CDateTime
 {
 public:

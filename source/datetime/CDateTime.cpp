@@ -1,9 +1,9 @@
 #include "CDateTime.h"
 
 #include "datetime/WeekNumber.h"
+#include "framework/LocalTime.h"
 #include "framework/OleDate.h"
 #include "framework/VariantDate.h"
-#include "platform/LocalTime.h"
 
 #include <cmath>
 #include <cstddef>
@@ -44,14 +44,13 @@ CDateTime::CDateTime(const VARIANT& value) noexcept : CDateTime()
         m_status = invalid;
 }
 
-CDateTime::CDateTime(const CTime& time) noexcept : CDateTime(time.GetTime()) {}
-
-CDateTime::CDateTime(__int64 secondsSince1970) noexcept : CDateTime()
+// The fields are those that the CTime shows, whoever knows its zone.
+CDateTime::CDateTime(const CTime& time) noexcept
+    : CDateTime(time.GetYear(), time.GetMonth(), time.GetDay(), time.GetHour(), time.GetMinute(), time.GetSecond())
 {
-    CalendarFields local;
-    if (!platform::LocalTimeFromSeconds(secondsSince1970, local) || !framework::OleDateFromFields(local, m_value))
-        m_status = invalid;
 }
+
+CDateTime::CDateTime(__int64 secondsSince1970) noexcept : CDateTime(CTime(secondsSince1970)) {}
 
 // Every row of a scan comes through here: the fields that OleDateFromFields accepts are known to come back unchanged,
 // and the members are set without a call.
@@ -177,7 +176,7 @@ CTime CDateTime::GetCTime() const noexcept
     const CalendarFields fields = FieldsOf(*this);
     if (IsNull() || fields.year < 1970 || fields.year > 2038)
         return CTime(0);
-    return CTime(platform::SecondsFromLocalTime(fields, platform::DaylightSaving::decidedBySystem));
+    return framework::TimeOfLocalFields(fields);
 }
 
 CDateTime::operator CTime() const noexcept
