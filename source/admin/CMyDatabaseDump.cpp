@@ -83,6 +83,20 @@ bool CopyRows(MYSQL* handle, MYSQL_RES* result, admin::DumpFile& file, RowProgre
     return client::ErrorNumber(handle) == 0;
 }
 
+/// Ends a file without asking what has become of it; does nothing after a Close. The framework's own file would close
+/// itself and throw, in a destructor.
+class AbortAtEnd
+{
+public:
+    explicit AbortAtEnd(CFile& file) noexcept : m_file(file) {}
+    AbortAtEnd(const AbortAtEnd&) = delete;
+    AbortAtEnd& operator=(const AbortAtEnd&) = delete;
+    ~AbortAtEnd() { m_file.Abort(); }
+
+private:
+    CFile& m_file;
+};
+
 void ShowWriteFailure(const UtCString& fileName, const UtCString& host)
 {
     UtCString text;
@@ -110,6 +124,7 @@ long CMyDatabase::DumpTable(const UtCString& fileName, const UtCString& tableNam
         CFile file;
         if (!framework::CreateFileToWrite(file, fileName))
             return failed;
+        const AbortAtEnd end(file);
         const sql::DumpFormat format = sql::ReadDumpFormat(separator, enclosure, lineEnd, m_server.GetEncodingType());
         DumpJob job{fileName, file, format, header, RowProgress(progress)};
         // KEPT K-150: the table name is not quoted.

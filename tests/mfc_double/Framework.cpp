@@ -34,12 +34,19 @@ void CObject::Serialize(CArchive&) {}
 void CObject::AssertValid() const {}
 void CObject::Dump(CDumpContext&) const {}
 
-// Characters of the tests only: ASCII and Windows-1252, which the prefix of the tests has as its code page.
+static void Assign(std::wstring& to, const wchar_t* text, int length)
+{
+    to.assign(text, static_cast<size_t>(length));
+}
+static void Assign(std::string& to, const wchar_t* text, int length)
+{
+    to.resize(static_cast<size_t>(length) * 2);
+    const int size = WideCharToMultiByte(CP_ACP, 0, text, length, to.data(), length * 2, NULL, NULL);
+    to.resize(static_cast<size_t>(size));
+}
 CString::CString(const wchar_t* text, int length)
 {
-    std::string bytes(static_cast<size_t>(length) * 2, '\0');
-    const int size = WideCharToMultiByte(CP_ACP, 0, text, length, bytes.data(), length * 2, NULL, NULL);
-    m_text.assign(bytes.data(), static_cast<size_t>(size));
+    Assign(m_text, text, length);
 }
 CString::operator LPCTSTR() const
 {
@@ -53,22 +60,16 @@ void CException::Delete()
 
 IMPLEMENT_DYNAMIC(CFile, CObject)
 
-CFile::CFile() : m_hFile(INVALID_HANDLE_VALUE) {}
+CFile::CFile() : m_hFile(INVALID_HANDLE_VALUE), m_bCloseOnDelete(FALSE) {}
 CFile::~CFile()
 {
-    CFile::Abort();
-}
-BOOL CFile::Open(LPCTSTR fileName, UINT openFlags, CFileException*)
-{
-    if (openFlags != (modeCreate | modeReadWrite | shareExclusive))
-        return FALSE;
-    m_hFile = CreateFile(fileName, GENERIC_READ | GENERIC_WRITE, 0, NULL, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, NULL);
-    return m_hFile != INVALID_HANDLE_VALUE;
+    if (m_hFile != INVALID_HANDLE_VALUE && m_bCloseOnDelete)
+        CFile::Close();
 }
 void CFile::Write(const void* buffer, UINT count)
 {
     DWORD written = 0;
-    if (!WriteFile(m_hFile, buffer, count, &written, NULL) || written != count)
+    if (FrameworkNotes::Get().writesFail || !WriteFile(m_hFile, buffer, count, &written, NULL) || written != count)
         throw new CFileException;
 }
 void CFile::Abort()
@@ -80,6 +81,8 @@ void CFile::Abort()
 void CFile::Close()
 {
     Abort();
+    if (FrameworkNotes::Get().closesFail)
+        throw new CFileException;
 }
 
 IMPLEMENT_DYNAMIC(CByteArray, CObject)
@@ -128,12 +131,20 @@ CWinApp* AfxGetApp()
     return application;
 }
 
+static std::wstring Shown(const wchar_t* text)
+{
+    return text;
+}
+static std::wstring Shown(const char* text)
+{
+    wchar_t wide[1000];
+    MultiByteToWideChar(CP_ACP, 0, text, -1, wide, 1000);
+    return wide;
+}
 int AfxMessageBox(LPCTSTR text, UINT type, UINT)
 {
     FrameworkNotes& notes = FrameworkNotes::Get();
-    wchar_t wide[1000];
-    MultiByteToWideChar(CP_ACP, 0, text, -1, wide, 1000);
-    notes.messageText = wide;
+    notes.messageText = Shown(text);
     notes.messageType = type;
     return notes.answer;
 }
@@ -194,6 +205,8 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second, int
     fields.tm_sec = second;
     fields.tm_isdst = daylightSaving;
     m_time = _mktime64(&fields);
+    if (m_time == -1 || FrameworkNotes::Get().timesFail)
+        throw new COleException; // as the framework does for what the C run-time's zone rules refuse
 }
 __time64_t CTime::GetTime() const throw()
 {

@@ -105,25 +105,24 @@ class AFX_DOUBLE CFileException : public CException
 {
 };
 
+class AFX_DOUBLE COleException : public CException
+{
+};
+
 class AFX_DOUBLE CFile : public CObject
 {
     DECLARE_DYNAMIC(CFile)
 public:
-    enum OpenFlags
-    {
-        modeReadWrite = 0x0002,
-        shareExclusive = 0x0010,
-        modeCreate = 0x1000
-    };
     CFile();
     ~CFile() override;
-    virtual BOOL Open(LPCTSTR fileName, UINT openFlags, CFileException* error = NULL);
     virtual void Write(const void* buffer, UINT count);
     virtual void Abort();
     virtual void Close();
 
-private:
     HANDLE m_hFile;
+
+protected:
+    BOOL m_bCloseOnDelete;
 };
 
 class AFX_DOUBLE CByteArray : public CObject
@@ -185,4 +184,7 @@ struct AFX_DOUBLE FrameworkNotes
     int waitBegins = 0;
     int waitEnds = 0;
     int extensionModules = 0;
+    bool writesFail = false; ///< of a file
+    bool closesFail = false;
+    bool timesFail = false; ///< those made of fields
 };
