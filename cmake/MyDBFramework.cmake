@@ -5,6 +5,12 @@ add_library(MyDB::Framework ALIAS mydb_framework)
 set_target_properties(mydb_framework PROPERTIES EXPORT_NAME Framework)
 target_compile_definitions(mydb_framework INTERFACE MYDB_WITH_MFC _AFXDLL)
 
+# Each character set has a DLL of the framework of its own, so library and hosts have to agree: the target tells hosts.
+option(MYDB_MFC_UNICODE "Use the MFC framework in Unicode, not in the multi-byte character set" OFF)
+if(MYDB_MFC_UNICODE)
+    target_compile_definitions(mydb_framework INTERFACE UNICODE _UNICODE)
+endif()
+
 if(MSVC)
     set(CMAKE_MFC_FLAG 2)
 else()
