@@ -45,9 +45,11 @@ CDateTime::CDateTime(const VARIANT& value) noexcept : CDateTime()
 }
 
 // The fields are those that the CTime shows, whoever knows its zone.
-CDateTime::CDateTime(const CTime& time) noexcept
-    : CDateTime(time.GetYear(), time.GetMonth(), time.GetDay(), time.GetHour(), time.GetMinute(), time.GetSecond())
+CDateTime::CDateTime(const CTime& time) noexcept : CDateTime()
 {
+    CalendarFields local;
+    if (!framework::LocalFieldsOf(time, local) || !framework::OleDateFromFields(local, m_value))
+        m_status = invalid;
 }
 
 CDateTime::CDateTime(__int64 secondsSince1970) noexcept : CDateTime(CTime(secondsSince1970)) {}

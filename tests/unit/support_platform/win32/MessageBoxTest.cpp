@@ -6,13 +6,32 @@
 
 #include <atomic>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace {
 
 constexpr int textOfABox = 0xFFFF; // the number of the text's control in every message box
 
-/// Waits for the message box of this program, notes its text and presses a button.
+/// The visible message box of a thread: other programs on the screen may show one too.
+HWND BoxOf(DWORD thread)
+{
+    HWND box = nullptr;
+    EnumThreadWindows(
+        thread,
+        [](HWND window, LPARAM found) -> BOOL {
+            wchar_t name[10] = L"";
+            GetClassNameW(window, name, 10);
+            const bool isBox = std::wstring_view(name) == L"#32770" && IsWindowVisible(window);
+            if (isBox)
+                *reinterpret_cast<HWND*>(found) = window;
+            return !isBox;
+        },
+        reinterpret_cast<LPARAM>(&box));
+    return box;
+}
+
+/// Waits for the message box of the thread that made it, notes its text and presses a button.
 class Person
 {
 public:
@@ -40,7 +59,7 @@ private:
         HWND box = nullptr;
         while (!box && !m_isOver) {
             Sleep(20);
-            box = FindWindowW(L"#32770", L"unit_support_platform");
+            box = BoxOf(m_asked);
         }
         wchar_t text[200] = L"";
         GetDlgItemTextW(box, textOfABox, text, 200);
@@ -49,6 +68,7 @@ private:
     }
 
     const int m_button;
+    const DWORD m_asked = GetCurrentThreadId();
     std::atomic<bool> m_isOver = false; ///< there is nothing to answer any more
     std::wstring m_text;
     std::thread m_thread;
