@@ -112,7 +112,8 @@ prepare() { # prepare SCRIPT
 compare_systems() {
     local from=$SECONDS result name log=$results/same_answers.log
     say "Comparing the answers of both systems"
-    if ! { cmake --preset dev && cmake --build --preset dev --target same_answers mydb; } >"$log" 2>&1; then
+    if ! { cmake --preset dev && cmake --build --preset dev --target same_answers mydb &&
+        cmake --build --preset windows --target same_answers; } >"$log" 2>&1; then
         tail -n 40 "$log"
         record failed "both systems: same_answers builds"
         return
