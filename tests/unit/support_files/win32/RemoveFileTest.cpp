@@ -27,4 +27,14 @@ TEST(RemoveFileOfWindows, TakesAnUmlautWhereTheProcessReadsPathsInTheOemCodePage
     EXPECT_EQ(GetFileAttributesW(file.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+TEST(RemoveFileOfWindows, LeavesAWriteProtectedFile)
+{
+    const TestFolder folder;
+    const std::filesystem::path file = folder.MakeFile("file");
+    ASSERT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY));
+    EXPECT_FALSE(files::RemoveFile(Written(file)));
+    EXPECT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL));
+    EXPECT_TRUE(files::RemoveFile(Written(file)));
+}
+
 } // namespace

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -36,24 +37,36 @@ class Person
 {
 public:
     explicit Person(int button) : m_button(button), m_thread([this] { Answer(); }) {}
-    ~Person()
-    {
-        m_isOver = true;
-        if (m_thread.joinable())
-            m_thread.join();
-    }
+    ~Person() { WaitForTheAnswer(); }
     Person(const Person&) = delete;
     Person& operator=(const Person&) = delete;
 
     /// What the box said. Waits for the answer.
     std::wstring Text()
     {
-        m_isOver = true;
-        m_thread.join();
+        WaitForTheAnswer();
         return m_text;
+    }
+    /// The numbers of its buttons. Waits for the answer.
+    std::vector<int> Buttons()
+    {
+        WaitForTheAnswer();
+        return m_buttons;
+    }
+    /// The caption. Waits for the answer.
+    std::wstring Caption()
+    {
+        WaitForTheAnswer();
+        return m_caption;
     }
 
 private:
+    void WaitForTheAnswer()
+    {
+        m_isOver = true;
+        if (m_thread.joinable())
+            m_thread.join();
+    }
     void Answer()
     {
         HWND box = nullptr;
@@ -64,6 +77,11 @@ private:
         wchar_t text[200] = L"";
         GetDlgItemTextW(box, textOfABox, text, 200);
         m_text = text;
+        GetWindowTextW(box, text, 200);
+        m_caption = text;
+        for (int button = IDOK; button <= IDNO; ++button)
+            if (const HWND control = GetDlgItem(box, button); control && IsWindowVisible(control))
+                m_buttons.push_back(button);
         PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(m_button), 0);
     }
 
@@ -71,6 +89,8 @@ private:
     const DWORD m_asked = GetCurrentThreadId();
     std::atomic<bool> m_isOver = false; ///< there is nothing to answer any more
     std::wstring m_text;
+    std::wstring m_caption;
+    std::vector<int> m_buttons;
     std::thread m_thread;
 };
 
@@ -84,6 +104,21 @@ TEST(ShowMessageBoxOfWindows, GivesTheAnswerOfThePerson)
     for (const auto& row : rows) {
         const Person person(row.button);
         EXPECT_EQ(platform::ShowMessageBox("text", row.type), row.button) << row.type;
+    }
+}
+
+TEST(ShowMessageBoxOfWindows, HasTheButtonsOfItsTypeAndTheNameOfTheProgram)
+{
+    const struct
+    {
+        unsigned int type;
+        std::vector<int> buttons;
+    } rows[] = {{16, {IDOK}}, {64, {IDOK}}, {36, {IDYES, IDNO}}};
+    for (const auto& row : rows) {
+        Person person(row.buttons.front());
+        platform::ShowMessageBox("text", row.type);
+        EXPECT_EQ(person.Buttons(), row.buttons) << row.type;
+        EXPECT_TRUE(person.Caption().starts_with(L"unit_support_platform"));
     }
 }
 
