@@ -27,15 +27,4 @@ TEST(OutputFileOfWindows, CannotBeReadByOthersUntilItIsClosed)
     EXPECT_EQ(read(), 0U);
 }
 
-TEST(OutputFileOfWindows, IsNoneInThePlaceOfAWriteProtectedFile)
-{
-    const NewFolder folder;
-    const std::filesystem::path path = folder / "file";
-    std::ofstream(path) << "content";
-    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
-    EXPECT_EQ(platform::CreateOutputFile(Utf8(path)), platform::noFile);
-    EXPECT_EQ(std::filesystem::file_size(path), 7U);
-    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-}
-
 } // namespace
