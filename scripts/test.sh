@@ -118,12 +118,10 @@ compare_systems() {
         record failed "both systems: same_answers builds"
         return
     fi
-    if tools/check_exports --dll x86_64-w64-mingw32-objdump x86_64-w64-mingw32-c++filt --same-as build/windows/bin/mydb.dll \
-        build/dev/source/libmydb.so; then
-        record passed "both systems: the same classes and members are exported"
-    else
-        record failed "both systems: the same classes and members are exported"
-    fi
+    result=failed
+    tools/check_exports --dll x86_64-w64-mingw32-objdump x86_64-w64-mingw32-c++filt --same-as build/windows/bin/mydb.dll \
+        build/dev/source/libmydb.so && result=passed
+    record "$result" "both systems: the same classes and members are exported"
     if ! timeout 600 tests/differential/compare.sh build/dev/tests/same_answers build/windows/bin/same_answers.exe \
         >"$log" 2>&1; then
         record failed "both systems: compare.sh"

@@ -41,8 +41,7 @@ write_source_list() {
 # A version can be listed and be missing in the archive; the newest one that is there is taken.
 download_source() {
     local version
-    mkdir -p lists/partial cache/archives/partial && write_source_list && private_apt apt-get update ||
-        return
+    mkdir -p lists/partial cache/archives/partial && write_source_list && private_apt apt-get update || return
     for version in $(private_apt apt-cache showsrc mariadb | sed -n 's/^Version: //p' | sort -ruV); do
         if private_apt apt-get source --download-only "mariadb=$version"; then
             printf '%s\n' "$version" >version

@@ -36,6 +36,14 @@ protected:
         m_file = UtCString(UtGetTempDir(), UT_ENCODING_UTF8) + UtCString(utf8, UT_ENCODING_UTF8);
     }
 
+    void ExpectABoxAboutTheFile()
+    {
+        EXPECT_EQ(Dump("SELECT ID FROM T"), -1);
+        EXPECT_EQ(Notes().messageType, 16U);
+        EXPECT_EQ(Notes().messageText.find(L"Es konnten nicht alle Daten in die Datei " + Wide(m_file)), 0U);
+        EXPECT_TRUE(DeleteFileW(Wide(m_file).c_str())) << "closed";
+    }
+
     UtCString m_file = UtGetTempDir() + UtCString("mydb_mfc.txt");
 };
 
@@ -103,19 +111,13 @@ TEST_F(ADump, LeavesNoFileOpen)
 TEST_F(ADump, TellsWithABoxThatTheFrameworkCouldNotWrite)
 {
     Notes().writesFail = true;
-    EXPECT_EQ(Dump("SELECT ID FROM T"), -1);
-    EXPECT_EQ(Notes().messageType, 16U);
-    EXPECT_EQ(Notes().messageText.find(L"Es konnten nicht alle Daten in die Datei " + Wide(m_file)), 0U);
-    EXPECT_TRUE(DeleteFileW(Wide(m_file).c_str())) << "closed";
+    ExpectABoxAboutTheFile();
 }
 
 TEST_F(ADump, TellsWithABoxThatTheFrameworkCouldNotClose)
 {
     Notes().closesFail = true;
-    EXPECT_EQ(Dump("SELECT ID FROM T"), -1);
-    EXPECT_EQ(Notes().messageType, 16U);
-    EXPECT_EQ(Notes().messageText.find(L"Es konnten nicht alle Daten in die Datei " + Wide(m_file)), 0U);
-    EXPECT_TRUE(DeleteFileW(Wide(m_file).c_str())) << "closed";
+    ExpectABoxAboutTheFile();
 }
 
 // The framework's file would close itself in its destructor, out of which no exception comes alive.

@@ -1,5 +1,7 @@
 #include "platform/CopyFile.h"
 
+#include "platform/OutputFile.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -31,20 +33,6 @@ private:
     int m_descriptor;
 };
 
-bool Write(int file, const char* bytes, size_t size) noexcept
-{
-    while (size > 0) {
-        const ssize_t written = write(file, bytes, size);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes += written;
-        size -= static_cast<size_t>(written);
-    }
-    return true;
-}
-
 bool CopyBytes(int from, int to) noexcept
 {
     char buffer[65536];
@@ -54,7 +42,7 @@ bool CopyBytes(int from, int to) noexcept
             continue;
         if (count <= 0)
             return count == 0;
-        if (!Write(to, buffer, static_cast<size_t>(count)))
+        if (!WriteOutputFile(to, buffer, static_cast<size_t>(count)))
             return false;
     }
 }

@@ -312,12 +312,7 @@ TEST(ParseDate, ReadsEveryEncoding)
 TEST(ParseDate, ReadsAYearFirstAndATime)
 {
     const Environment locale("LC_ALL", "C");
-    const struct
-    {
-        std::string_view text;
-        unsigned long flags;
-        std::string shown;
-    } rows[] = {
+    const ParsedText rows[] = {
         {"2024-03-05"sv, 0, "2024-03-05 00:00:00 (0)"},
         {"2024-03-05 14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
         {"14:07"sv, 0, "1899-12-30 14:07:00 (0)"},
@@ -331,11 +326,8 @@ TEST(ParseDate, ReadsAYearFirstAndATime)
         {"2024-03-05\0"sv, 0, shownNull},
         {"\xFF\xFE\xFC"sv, 0, shownNull},
     };
-    for (const auto& row : rows) {
-        const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
-        EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
-        EXPECT_TRUE(date.GetStatus() == CDateTime::valid || date.GetValue() == 0) << row.text;
-    }
+    for (const ParsedText& row : rows)
+        ExpectParsed(row);
 }
 
 TEST(ParseDate, LeavesOutWhiteSpaceAtTheEnd)

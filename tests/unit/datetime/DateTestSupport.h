@@ -3,6 +3,8 @@
 #include "CDateTime.h"
 #include "unit/Environment.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
 #include <ctime>
 #include <string>
@@ -30,7 +32,6 @@ inline std::string Shown(const CDateTime& date)
 inline const std::string shownNull = "-1 -1 -1 -1 -1 -1 (2)";
 inline const std::string shownInvalid = "-1 -1 -1 -1 -1 -1 (1)";
 
-/// Central European time by rule, so that the test needs no time zone files.
 inline std::string Text(const UtCString& text)
 {
     return std::string(text.View());
@@ -39,4 +40,19 @@ inline std::string Text(const UtCString& text)
 inline UtCString Ansi(std::string_view bytes)
 {
     return UtCString(bytes, UT_ENCODING_DEFAULT);
+}
+
+/// A text, the flags that ParseDate gets with it, and what it makes of them.
+struct ParsedText
+{
+    std::string_view text;
+    unsigned long flags;
+    std::string shown;
+};
+
+inline void ExpectParsed(const ParsedText& row)
+{
+    const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
+    EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
+    EXPECT_TRUE(date.GetStatus() == CDateTime::valid || date.GetValue() == 0) << row.text;
 }

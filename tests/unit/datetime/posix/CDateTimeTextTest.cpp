@@ -47,22 +47,15 @@ TEST(DateToStrInTheLocaleOfThePosixEnvironment, IsTheLocalesShortDate)
 TEST(ParseDateInTheLocaleOfThePosixEnvironment, ReadsFormsThatWindowsRefusesOrCuts)
 {
     const Environment locale("LC_ALL", "C");
-    const struct
-    {
-        std::string_view text;
-        unsigned long flags;
-        std::string shown;
-    } rows[] = {
+    const ParsedText rows[] = {
         {"2024-03-05T14:07:09"sv, 0, "2024-03-05 14:07:09 (0)"},
         {"03/05/2024"sv, 0, "2024-03-05 00:00:00 (0)"},
         {"March 5, 2024 \t\r\n"sv, 0, "2024-03-05 00:00:00 (0)"},
         {"14:07"sv, 2, shownNull},
         {"2024-03-05"sv, 1, shownNull},
     };
-    for (const auto& row : rows) {
-        const CDateTime date = CDateTime::ParseDate(Ansi(row.text), row.flags);
-        EXPECT_EQ(Shown(date), row.shown) << row.text << " with " << row.flags;
-    }
+    for (const ParsedText& row : rows)
+        ExpectParsed(row);
 }
 
 } // namespace
